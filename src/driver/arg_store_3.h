@@ -1,0 +1,33 @@
+#pragma once
+
+#include "foundation/not_found.h"
+
+/// The name of the file that a failed run leaves behind (option -e); null when none was given.
+extern const char* error_marker;
+
+/// Creates the marker file, empty; does nothing when no name was given.
+void touch_error_marker();
+
+/// The arguments that the process was started with. They aren't owned.
+class arg_store_3 {
+public:
+    /// Stores the arguments and takes the error marker's name from them.
+    void set_up(int argc_, const char* const* argv_);
+
+    int count() const { return argc; }
+    const char* argument(int i) const { return argv[i]; }
+
+    /// The index of the first argument behind the program's name that equals `text` byte for byte,
+    /// or not_found. The first argument is searched too.
+    int find_arg(const char* text) const;
+
+    bool has(const char* text) const { return find_arg(text) != not_found; }
+
+    /// The argument `place` places behind the option at index `i`, from 1. Fails with
+    /// " Missing value for" and the option when the arguments end before.
+    const char* value_of(int i, int place = 1) const;
+
+private:
+    int argc = 0;
+    const char* const* argv = nullptr;
+};

@@ -1,0 +1,104 @@
+#include "driver/sg_driver_3.h"
+
+#include <exception>
+#include <new>
+#include <utility>
+
+#include "catalogue/point_group_table_3.h"
+#include "catalogue/sg_catalogue_entry_3.h"
+#include "foundation/except_3.h"
+#include "reflections/similar_hkls.h"
+#include "sgfile/sg_reader.h"
+#include "sgfile/sg_writer.h"
+#include "textout/console.h"
+#include "textout/file_out.h"
+
+namespace {
+
+constexpr char usage[] =
+    "Try lomar6 F_d_d_d [-hhh] [-hkl 10 10 10] [-dir out_put_dir]\n"
+    "   Arguments in brackets are optional.\n"
+    "   Ouput is placed in .sg and .hkl files.\n"
+    "   A .sg file is created if it is not there.\n"
+    "   -hkl creates a .hkl file.\n"
+    "   Examples:\n"
+    "      lomar6 F_d_d_d -hhh";
+
+void move_identity_to_front(xyz_list_3& ops) {
+    for (xyz_op_3& op : ops) {
+        if (!is_identity_rotation(op) || op.trans(0) != 0 || op.trans(1) != 0 || op.trans(2) != 0) {
+            continue;
+        }
+        std::swap(ops[0], op);
+        return;
+    }
+}
+
+}  // namespace
+
+void sg_driver_3::run(int argc, const char* const* argv) {
+    try {
+        args.set_up(argc, argv);
+        run_modes();
+    } catch (except_3* failure) {
+        report_failure(failure->text());
+        delete failure;
+    } catch (const std::bad_alloc&) {
+        report_failure(" Out of memory");
+    } catch (const std::exception& failure) {
+        console_stream() << ' ';
+        report_failure(failure.what());
+    }
+}
+
+void sg_driver_3::report_failure(const char* message) {
+    console_stream() << message << '\n';
+    touch_error_marker();
+}
+
+void sg_driver_3::run_modes() {
+    if (args.count() < 2) fail_with(usage);
+    if (args.has("-bill")) fail_with("-bill is not there yet");
+    names.set_symbol(args.argument(1));
+    if (!names.is_valid()) fail_with("Error in space group symbol");
+    const int dir = args.find_arg("-dir");
+    names.set_out_dir(dir == not_found ? "" : args.value_of(dir));
+    if (!names.sg_file_exists()) generate_sg(names, decoder);
+    if (const int i = args.find_arg("-compare"); i != not_found) compare_groups(args.value_of(i));
+    if (args.has("-hhh")) append_hhh_3(names.sg_path().data);
+    if (args.has("-hkl")) fail_with("-hkl is not there yet");
+}
+
+void sg_driver_3::generate_sg(sg_file_names_3& group, sg_decoder_3& operators) {
+    sg_catalogue_entry_3 entry = find_catalogue_entry(group);
+    point_group_table_3 point_groups;
+    point_groups.lookup(entry.symbol.data);
+    entry.point_group = point_groups.normalised();
+    file_out stream(group.sg_path());
+    write_sg_banner(stream);
+    entry.write_record(stream);
+    operators.set_computer_symbol(entry.computer_symbol.data);
+    operators.decode(entry.axes.data);
+    move_identity_to_front(operators.ops);
+    if (args.has("-only_asym")) {
+        write_plain_xyzs(stream, operators.ops);
+        return;
+    }
+    operators.write_xyzs(stream);
+    add_similar_hkls_3(operators.ops, stream);
+    operators.write_equivalence_of_xyz(stream);
+}
+
+void sg_driver_3::compare_groups(const char* symbol) {
+    sg_file_names_3 second_names;
+    second_names.set_symbol(symbol);
+    sg_decoder_3 second;
+    generate_sg(second_names, second);
+    if (decoder.ops.n == 0) {  // the first group's file was there already
+        load_sg_file_xyzs_3(names.sg_path().data, decoder.ops);
+        normalise_xyzs_3(decoder.ops);
+    }
+    sort_xyzs_3(second.ops);
+    sort_xyzs_3(decoder.ops);
+    console_line() << (equal_xyzs_3(second.ops, decoder.ops) ? "Equal" : "NOT Equal");
+}

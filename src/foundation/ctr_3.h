@@ -1,0 +1,505 @@
+#pragma once
+
+#include <cstddef>
+#include <cstring>
+#include <limits>
+#include <new>
+#include <type_traits>
+#include <utility>
+
+#include "foundation/memory.h"
+#include "foundation/not_found.h"
+
+// The growable arrays of the system. A list is put together from small templates:
+//
+//     vec_3         numbers: totals
+//     ctr_obj_3     any element, objects with destructors included
+//     ctr_3         all operations
+//     ctr_base_...  the record: with indices from 0, or with a movable first index
+//     mem_copy_3    how elements are copied
+//     n_added_3     how a full list grows
+//
+// Elements stand in one block from the block heap. Nothing checks an index. Three kinds of
+// elements are told apart by their type alone:
+//
+//     plain        no constructor: a new element holds whatever the block held
+//     constructed  a constructor, but nothing to destroy: run on every element of the capacity
+//     objects      with a destructor: built and destroyed with the capacity; when a list grows,
+//                  each hands over what it owns (its `take`), so that no inner block is copied
+
+template <typename T>
+inline constexpr bool is_plain_element =
+    std::is_trivially_default_constructible_v<T>&& std::is_trivially_copyable_v<T>;
+
+template <typename T>
+inline constexpr bool is_object_element = !std::is_trivially_destructible_v<T>;
+
+// Equality and order of elements. A type with an order of its own overloads these two beside its
+// definition; numbers and pointers use the operators of the language.
+
+template <typename T>
+bool element_equal(const T& a, const T& b) {
+    return a == b;
+}
+
+template <typename T>
+bool element_less(const T& a, const T& b) {
+    return a < b;
+}
+
+/// Moves the value of `from` into `to`: a type with a `take` operation hands over what it owns.
+template <typename T>
+void move_element(T& to, T& from) {
+    if constexpr (requires { to.take(from); }) {
+        to.take(from);
+    } else {
+        to = from;
+    }
+}
+
+/// How a full list grows: to 8 elements, then by doubling.
+template <typename T>
+struct n_added_3 {
+    /// The new capacity for a list of `n` elements. Throws std::bad_alloc above 2^31 - 1.
+    static int grown(int n) { return n == 0 ? 8 : doubled(n); }
+    static int doubled(int n) {
+        if (n > std::numeric_limits<int>::max() / 2) throw std::bad_alloc();
+        return 2 * n;
+    }
+    static int added(int n, int k) {
+        if (k > std::numeric_limits<int>::max() - n) throw std::bad_alloc();
+        return n + k;
+    }
+};
+
+/// Elements are copied as a block of bytes, or by their assignment where they own something.
+template <typename T, typename U>
+struct mem_copy_3 : n_added_3<T> {
+    static void copy(T* to, const U* from, int n) {
+        if (n < 1) return;
+        if constexpr (std::is_trivially_copyable_v<T>) {
+            std::memcpy(static_cast<void*>(to), from, static_cast<std::size_t>(n) * sizeof(T));
+        } else {
+            for (int i = 0; i < n; ++i) to[i] = from[i];
+        }
+    }
+};
+
+/// The record of a list whose indices run from 0.
+template <typename T, typename U, typename C>
+struct ctr_base_0_3 : C {
+    T* p = nullptr;  ///< element 0; not read while n_max is 0
+    int n_max = 0;   ///< capacity in elements; 0 exactly when no block is held
+    int n = 0;       ///< elements in use
+
+    static constexpr bool has_base = false;
+    static constexpr int first_index() { return 0; }
+    T* block() const { return p; }
+    void hold_block(T* start) { p = start; }
+};
+
+/// The record of a list whose indices run from `base`.
+template <typename T, typename U, typename C>
+struct ctr_base_n1_3 : C {
+    T* p = nullptr;  ///< the block less `base` elements, so that element i is p[i]
+    int n_max = 0;
+    int n = 0;
+    int base = 0;  ///< index of the first element
+
+    static constexpr bool has_base = true;
+    int first_index() const { return base; }
+    T* block() const { return moved(p, base); }
+    void hold_block(T* start) { p = moved(start, -std::ptrdiff_t{base}); }
+
+    /// Moves the indices so that they run from `b`; elements keep their order and addresses.
+    void set_base(int b) {
+        if (n_max != 0) p = moved(p, std::ptrdiff_t{base} - b);
+        base = b;
+    }
+
+private:
+    // The biased address may lie outside the block, where pointer arithmetic is not defined.
+    static T* moved(T* pointer, std::ptrdiff_t elements) {
+        const auto bytes = static_cast<std::size_t>(elements) * sizeof(T);
+        return reinterpret_cast<T*>(reinterpret_cast<std::size_t>(pointer) + bytes);
+    }
+};
+
+/// A growable array over one of the two records. All indices and counts are signed 32-bit; a list
+/// that would outgrow them, or memory, throws std::bad_alloc and stays as it was.
+template <typename T, typename U, typename B>
+class ctr_3 : public B {
+    static_assert(alignof(T) <= 8, "blocks are aligned to 8 bytes");
+    static_assert(is_plain_element<T> || std::is_nothrow_default_constructible_v<T>);
+
+public:
+    using value_type = T;
+    using B::n;
+    using B::n_max;
+    using B::p;
+
+    ctr_3() = default;
+    ctr_3(const ctr_3& other) : B() { assign(other); }
+    ctr_3(ctr_3&& other) noexcept : B() { take(other); }
+    ctr_3& operator=(const ctr_3& other) {
+        assign(other);
+        return *this;
+    }
+    ctr_3& operator=(ctr_3&& other) noexcept {
+        if (this != &other) take(other);
+        return *this;
+    }
+    ~ctr_3() { release(); }
+
+    T& operator[](int i) { return p[i]; }
+    const T& operator[](int i) const { return p[i]; }
+
+    /// The elements in use, in order, for a range-based loop.
+    T* begin() { return n_max == 0 ? nullptr : this->block(); }
+    T* end() { return n_max == 0 ? nullptr : this->block() + n; }
+    const T* begin() const { return n_max == 0 ? nullptr : this->block(); }
+    const T* end() const { return n_max == 0 ? nullptr : this->block() + n; }
+
+    int first() const { return this->first_index(); }
+    int last() const { return this->first_index() + n - 1; }
+    int count() const { return n; }
+
+    // Capacity and count
+
+    /// Makes the capacity exactly `m`; below 1 it releases the block. With `keep` the elements up
+    /// to the new capacity survive. The count is for the caller to set.
+    void set_max_n(int m, bool keep);
+
+    /// Makes the count `m`, keeping elements: the capacity grows to exactly `m`, and never shrinks.
+    void set_n(int m) {
+        if (m > n_max) set_max_n(m, true);
+        n = m;
+    }
+
+    /// As set_n, but when the list grows its old elements are lost.
+    void set_n_discard(int m) {
+        if (m > n_max) set_max_n(m, false);
+        n = m;
+    }
+
+    /// Starts anew with `m` elements and a first index of 0.
+    void new_n(int m) {
+        clear();
+        set_max_n(m, false);
+        n = m < 1 ? 0 : m;
+    }
+
+    /// `m` elements of zero bytes, for plain elements; the capacity becomes exactly `m`.
+    void new_n_zero(int m) requires is_plain_element<T> {
+        set_max_n(m, false);
+        n = m < 1 ? 0 : m;
+        zero_fill();
+    }
+
+    /// The count of `other` with exactly that capacity and a first index of 0; elements aren't
+    /// copied. An empty `other` clears the list.
+    template <typename Other>
+    void set_like(const Other& other) {
+        if (other.n == 0) return clear();
+        if constexpr (B::has_base) this->set_base(0);
+        set_max_n(other.n, false);
+        n = other.n;
+    }
+
+    /// As set_like, with all elements set to zero bytes.
+    template <typename Other>
+    void set_like_zero(const Other& other) requires is_plain_element<T> {
+        set_like(other);
+        zero_fill();
+    }
+
+    /// As set_like, with the first index of `other`.
+    template <typename Other>
+    void set_like_base(const Other& other) requires B::has_base {
+        set_like(other);
+        this->set_base(other.first_index());
+    }
+
+    /// Adds `k` to the count; a list that must grow doubles what it then needs.
+    void add_n(int k) {
+        const int m = this->added(n, k);
+        if (m > n_max) set_max_n(this->doubled(m), true);
+        n = m;
+    }
+
+    /// Releases the block; count, capacity and first index become 0.
+    void clear() {
+        release();
+        reset_record();
+    }
+
+    // Adding and taking away
+
+    /// Makes room for one more element at the end and returns it. A plain element, and one that
+    /// the list held before, has its old value.
+    T& add() {
+        if (n == n_max) set_max_n(this->grown(n), true);
+        ++n;
+        return this->block()[n - 1];
+    }
+
+    void add(const T& value) {
+        if (n == n_max) {
+            T copy(value);  // the value may stand in the block that goes
+            move_element(add(), copy);
+        } else {
+            this->block()[n] = value;  // may throw: the count rises only after it
+            ++n;
+        }
+    }
+
+    /// Inserts before the element with index `i`, or appends when there is none.
+    void insert_at(const T& value, int i);
+
+    /// Removes the element with index `i`; those behind it close up.
+    void remove_at(int i);
+
+    /// Copies the elements of `other` behind the present ones; the capacity grows exactly.
+    template <typename Other>
+    void append(const Other& other) {
+        const int k = other.n;
+        if (k == 0) return;
+        const int m = this->added(n, k);
+        if (m > n_max) set_max_n(m, true);
+        this->copy(this->block() + n, other.block(), k);
+        n = m;
+    }
+
+    /// Keeps the elements whose flag is 0, in order. `flags` is indexed like the list.
+    template <typename Flags>
+    void remove_flagged(const Flags& flags);
+
+    /// Sets all elements to `value`.
+    void fill(const T& value) {
+        for (T& element : *this) element = value;
+    }
+
+    // Copying
+
+    /// Becomes a copy of `other`, first index included. The block is reused exactly when the
+    /// counts are equal.
+    void assign(const ctr_3& other);
+
+    /// Copies the elements at the indices that both lists have.
+    void copy_overlap(const ctr_3& other) {
+        overlap(other, [](T& to, const T& from) { to = from; });
+    }
+
+    /// The same, but each element takes over what the element of `other` owns.
+    void move_overlap(ctr_3& other) requires is_object_element<T> {
+        overlap(other, [](T& to, T& from) { move_element(to, from); });
+    }
+
+    /// Takes over the block of `other`, which is left empty.
+    void take(ctr_3& other) noexcept {
+        release();
+        static_cast<B&>(*this) = other;
+        other.reset_record();
+    }
+
+    // Comparing
+
+    /// Whether both have the same count and equal elements; capacities and first index don't count.
+    bool equal(const ctr_3& other) const;
+
+    /// The list with fewer elements comes first; with equal counts the first difference decides.
+    bool less(const ctr_3& other) const;
+
+    /// The index of the first element equal to `value`, or not_found.
+    template <typename V>
+    int find(const V& value) const {
+        for (int i = first(); i <= last(); ++i) {
+            if (element_equal(p[i], value)) return i;
+        }
+        return not_found;
+    }
+
+    /// Reads the list from a binary input: count, first index, then the elements raw. A record
+    /// that ends early leaves the rest of the elements 0. `in` has read_int() and
+    /// read_bytes(address, size).
+    template <typename In>
+    void read_binary(In& in) requires is_plain_element<T> {
+        const int m = in.read_int();
+        const int b = in.read_int();
+        clear();
+        if (m < 1) return;
+        if constexpr (B::has_base) this->set_base(b);
+        static_cast<void>(b);
+        set_max_n(m, false);
+        n = m;
+        zero_fill();
+        in.read_bytes(this->block(), byte_count(m));
+    }
+
+private:
+    static std::size_t byte_count(int m) { return static_cast<std::size_t>(m) * sizeof(T); }
+
+    void zero_fill() {
+        if (n > 0) std::memset(static_cast<void*>(this->block()), 0, byte_count(n));
+    }
+
+    void reset_record() {
+        n_max = 0;
+        n = 0;
+        if constexpr (B::has_base) this->base = 0;
+    }
+
+    static T* make_block(int m) {
+        T* block = static_cast<T*>(alloc_block(byte_count(m)));
+        if constexpr (!is_plain_element<T>) {
+            for (int i = 0; i < m; ++i) ::new (static_cast<void*>(block + i)) T();
+        }
+        return block;
+    }
+
+    static void free_elements(T* block, int m) {
+        if constexpr (is_object_element<T>) {
+            while (m > 0) block[--m].~T();
+        }
+        static_cast<void>(m);
+        free_block(block);
+    }
+
+    void release() {
+        if (n_max != 0) free_elements(this->block(), n_max);
+    }
+
+    template <typename Other, typename Step>
+    void overlap(Other& other, Step step) {
+        if (n == 0 || other.n == 0) return;
+        const int from = first() > other.first() ? first() : other.first();
+        const int to = last() < other.last() ? last() : other.last();
+        for (int i = from; i <= to; ++i) step(p[i], other.p[i]);
+    }
+};
+
+template <typename T, typename U, typename B>
+void ctr_3<T, U, B>::set_max_n(int m, bool keep) {
+    if (m < 1) return clear();
+    if (m == n_max) return;
+    T* fresh = make_block(m);
+    if (n_max != 0) {
+        T* old = this->block();
+        if (keep) {
+            const int most = m < n_max ? m : n_max;
+            if constexpr (is_plain_element<T>) {
+                this->copy(fresh, old, most);
+            } else {
+                const int used = n < most ? n : most;
+                for (int i = 0; i < used; ++i) move_element(fresh[i], old[i]);
+            }
+        }
+        free_elements(old, n_max);
+    }
+    n_max = m;
+    this->hold_block(fresh);
+}
+
+template <typename T, typename U, typename B>
+void ctr_3<T, U, B>::insert_at(const T& value, int i) {
+    if (n == 0 || i > last()) return add(value);
+    T copy(value);
+    add();
+    for (int k = last(); k > i; --k) move_element(p[k], p[k - 1]);
+    move_element(p[i], copy);
+}
+
+template <typename T, typename U, typename B>
+void ctr_3<T, U, B>::remove_at(int i) {
+    for (int k = i; k < last(); ++k) move_element(p[k], p[k + 1]);
+    --n;
+}
+
+template <typename T, typename U, typename B>
+template <typename Flags>
+void ctr_3<T, U, B>::remove_flagged(const Flags& flags) {
+    int kept = first();
+    for (int i = first(); i <= last(); ++i) {
+        if (flags[i] != 0) continue;
+        if (kept != i) move_element(p[kept], p[i]);
+        ++kept;
+    }
+    set_n(kept - first());
+}
+
+template <typename T, typename U, typename B>
+void ctr_3<T, U, B>::assign(const ctr_3& other) {
+    if (this == &other) return;
+    if (other.n == 0) return clear();
+    if (n == other.n) {
+        if constexpr (B::has_base) this->set_base(other.base);
+        this->copy(this->block(), other.block(), n);
+    } else {  // the old block goes only when the copy is complete
+        ctr_3 fresh;
+        if constexpr (B::has_base) fresh.set_base(other.base);
+        fresh.set_n(other.n);
+        fresh.copy(fresh.block(), other.block(), fresh.n);
+        take(fresh);
+    }
+}
+
+template <typename T, typename U, typename B>
+bool ctr_3<T, U, B>::equal(const ctr_3& other) const {
+    if (n != other.n) return false;
+    if (n == 0) return true;
+    if constexpr (is_plain_element<T>) {
+        return std::memcmp(this->block(), other.block(), byte_count(n)) == 0;
+    } else {
+        for (int i = 0; i < n; ++i) {
+            if (!element_equal(this->block()[i], other.block()[i])) return false;
+        }
+        return true;
+    }
+}
+
+template <typename T, typename U, typename B>
+bool ctr_3<T, U, B>::less(const ctr_3& other) const {
+    if (n != other.n) return n < other.n;
+    for (int i = 0; i < n; ++i) {
+        const T& a = this->block()[i];
+        const T& b = other.block()[i];
+        if (element_less(a, b)) return true;
+        if (element_less(b, a)) return false;
+    }
+    return false;
+}
+
+/// The list for any element, objects with destructors included.
+template <typename T, typename B>
+class ctr_obj_3 : public ctr_3<T, T, B> {};
+
+/// A list of numbers with element-wise work in the scalar type `S`.
+template <typename T, typename S, typename B>
+class vec_3 : public ctr_obj_3<T, B> {
+public:
+    /// The total of all elements.
+    S sum() const { return sum(this->first(), this->last()); }
+
+    /// The total of the elements with the indices i to j inclusive.
+    S sum(int i, int j) const {
+        S total = 0;
+        for (; i <= j; ++i) total += static_cast<S>(this->p[i]);
+        return total;
+    }
+};
+
+/// The two forms that nearly all lists of the system have: indices from 0, and a movable start.
+template <typename T>
+using list_0_3 = ctr_obj_3<T, ctr_base_0_3<T, T, mem_copy_3<T, T>>>;
+template <typename T>
+using list_n1_3 = ctr_obj_3<T, ctr_base_n1_3<T, T, mem_copy_3<T, T>>>;
+
+template <typename T, typename B>
+bool element_equal(const ctr_obj_3<T, B>& a, const ctr_obj_3<T, B>& b) {
+    return a.equal(b);
+}
+
+template <typename T, typename B>
+bool element_less(const ctr_obj_3<T, B>& a, const ctr_obj_3<T, B>& b) {
+    return a.less(b);
+}

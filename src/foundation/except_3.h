@@ -1,0 +1,41 @@
+#pragma once
+
+#include "foundation/memory.h"
+#include "foundation/string_3.h"
+#include "foundation/string_out.h"
+
+/// The one exception type of the system: a message. It lives on the heap and is thrown by
+/// pointer; whoever catches it deletes it.
+class except_3 final : public string_out {
+public:
+    static void* operator new(std::size_t size) { return pooled_3::operator new(size); }
+    static void operator delete(void* pointer, std::size_t size) noexcept {
+        pooled_3::operator delete(pointer, size);
+    }
+};
+
+/// Composes a message and throws it:
+///
+///     (error_builder_3() << "Cannot open file" << path).fail();
+///
+/// Each piece gets a blank before it, so that every message begins with a blank.
+class error_builder_3 {
+public:
+    error_builder_3() : held(new except_3) {}
+    error_builder_3(const error_builder_3&) = delete;
+    error_builder_3& operator=(const error_builder_3&) = delete;
+    ~error_builder_3() { delete held; }
+
+    error_builder_3& operator<<(const char* text);
+    error_builder_3& operator<<(char c);
+    error_builder_3& operator<<(const string_3& text) { return *this << text.data; }
+
+    /// Throws the message as an except_3*.
+    [[noreturn]] void fail();
+
+private:
+    except_3* held;
+};
+
+/// Fails with a message of one piece.
+[[noreturn]] void fail_with(const char* message);

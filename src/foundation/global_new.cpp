@@ -1,0 +1,19 @@
+// The global allocation and deallocation functions lead to the block heap, so that the standard
+// library's own objects draw on it as well. Blocks are aligned to 8 bytes: every source linked
+// with this file must be compiled for that, or the compiler would assume 16.
+
+#include <cstddef>
+#include <new>
+
+#include "foundation/memory.h"
+
+static_assert(__STDCPP_DEFAULT_NEW_ALIGNMENT__ == 8,
+              "compile with -faligned-new=8 (g++) or -fnew-alignment=8 (clang++)");
+
+void* operator new(std::size_t size) { return alloc_block(size); }
+void* operator new[](std::size_t size) { return alloc_block(size); }
+
+void operator delete(void* pointer) noexcept { free_block(pointer); }
+void operator delete[](void* pointer) noexcept { free_block(pointer); }
+void operator delete(void* pointer, std::size_t) noexcept { free_block(pointer); }
+void operator delete[](void* pointer, std::size_t) noexcept { free_block(pointer); }

@@ -1,0 +1,44 @@
+#pragma once
+
+#include <cstdint>
+
+// Every call of the operating system. One source file for each system holds all the bodies; the
+// build chooses the file, and nothing else in the program differs between systems.
+
+/// The character between the parts of a path: `/` or `\`.
+extern const char platform_separator;
+
+/// Whether a character separates the parts of a path as a user may type it.
+bool platform_is_separator(char c);
+
+/// Whether a directory's text may end in `c` directly before a file's name: a separator, or the
+/// colon of a drive.
+bool platform_ends_directory(char c);
+
+/// Whether a path doesn't depend on the current directory.
+bool platform_is_absolute(const char* path);
+
+/// Puts the current directory and a NUL into the buffer. False if it can't be read or is too long.
+bool platform_current_dir(char* buffer, int size);
+
+/// Makes `path` the current directory. False if that fails.
+bool platform_set_current_dir(const char* path);
+
+/// The size of a file in bytes, or -1 if it can't be had.
+std::int64_t platform_file_size(const char* path);
+
+/// Removes a file. False if that fails.
+bool platform_remove_file(const char* path);
+
+/// Puts standard output into binary mode, where that makes a difference.
+void platform_prepare_output();
+
+/// The installed memory in units of 1024 bytes. False if it can't be had.
+bool platform_physical_memory(std::uint64_t& kilobytes);
+
+/// The bytes of memory that the process has in use now. False if they can't be had.
+bool platform_working_set(std::uint64_t& bytes);
+
+/// Runs a command line, in which double quotes group words, waits for its end, and gives its exit
+/// status. False if it can't be started.
+bool platform_run_command(const char* command, int& status);

@@ -1,0 +1,90 @@
+#include "symmetry/sg_decoder_3.h"
+
+#include <cstdint>
+
+#include "foundation/except_3.h"
+#include "symmetry/centring_table.h"
+#include "symmetry/rotation_catalogue_3.h"
+
+namespace {
+
+constexpr int head_size = 3;
+constexpr int field_size = 6;
+constexpr int rotation_size = 3;
+
+// No group has as many operators; a symbol whose product grows beyond isn't one of a group.
+constexpr std::int64_t most_products = 1000000;
+
+}  // namespace
+
+void sg_decoder_3::set_computer_symbol(const char* text) {
+    computer_symbol = text;
+    computer_symbol.to_lower();
+}
+
+void read_translation_digits(triple_3& vector, const char* text) {
+    for (int i = 0; i < 3; ++i) {
+        const int digit = text[i] >= '0' && text[i] <= '9' ? text[i] - '0' : 0;
+        vector[i] = xyz_op_3::edge / 12 * (digit == 5 ? 10 : digit);
+    }
+}
+
+void sg_decoder_3::read_axes(const char* axes) {
+    axis_change = xyz_op_3();
+    for (int row = 0; row < 3; ++row) {
+        const int sign = *axes == 'm' ? -1 : 1;
+        if (sign < 0) ++axes;
+        const int column = text_index(*axes, "abc");
+        if (column == not_found) fail_with("cab error");
+        axis_change.rot(row, column) = sign;
+        ++axes;
+    }
+    if (*axes != 0 || determinant(axis_change) == 0) fail_with("cab error");
+}
+
+int sg_decoder_3::count_generators() const {
+    const int rest = computer_symbol.length() - head_size - field_size;
+    if (rest < 0 || rest % field_size != 0) {
+        fail_with("Length of computer adapted space group symbol invalid");
+    }
+    if (text_index(computer_symbol.data[0], lattice_letters_3) == not_found) {
+        fail_with("Bad lattice_type");
+    }
+    if (text_index(computer_symbol.data[1], "amotrhc") == not_found) {
+        fail_with("Bad crystal_system");
+    }
+    return rest / field_size + 1;
+}
+
+void sg_decoder_3::decode(const char* axes) {
+    read_axes(axes);
+    const int n = count_generators();
+    generator_lists.new_n(n);
+    for (int i = 0; i < n; ++i) {
+        const char* const field = computer_symbol.data + head_size + field_size * i;
+        triple_3 translation;
+        read_translation_digits(translation, field + rotation_size);
+        generator_powers(rotation_catalogue(), generator_lists[i], field, translation, axis_change);
+    }
+    multiply_lists();
+}
+
+void sg_decoder_3::multiply_lists() {
+    ops = generator_lists[generator_lists.last()];
+    for (int i = generator_lists.last() - 1; i >= 0; --i) {
+        const xyz_list_3& powers = generator_lists[i];
+        if (std::int64_t{powers.n} * ops.n > most_products) {
+            normalise_xyzs_3(ops);
+            keep_unique_6(ops);
+        }
+        if (std::int64_t{powers.n} * ops.n > most_products) {
+            fail_with("Rotation matrix failed consistency test");
+        }
+        xyz_list_3 products;
+        products.set_max_n(200, false);
+        multiply_xyz_lists_3(products, powers, ops);
+        ops.take(products);
+    }
+    normalise_xyzs_3(ops);
+    keep_unique_6(ops);
+}

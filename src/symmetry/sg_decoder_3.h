@@ -1,0 +1,48 @@
+#pragma once
+
+#include "foundation/string_3.h"
+#include "symmetry/xyz_op_3.h"
+
+/// Unpacks a computer-adapted symbol into the operators of a group.
+///
+/// The symbol, such as `cmci1a000p2b006`, has a head of three characters: the lattice letter, the
+/// letter of the crystal system, and one that nothing reads. Then come generators of six
+/// characters: a type letter and the key of a rotation (see generator_powers), and three digits of
+/// translation. A digit d stands for d/12 of a cell edge, but 5 stands for 10/12. The group is the
+/// product of the lists of powers of the generators.
+///
+/// A decoder is used for one symbol.
+class sg_decoder_3 {
+public:
+    /// Stores the symbol in lower case.
+    void set_computer_symbol(const char* text);
+
+    /// Fills the lists. `axes` is the axis setting, three terms such as `abc`, `cab` or `bamc`: a
+    /// letter for each row, with `m` before it for minus. The operators come out normalised,
+    /// sorted and unique, without the lattice centring. Fails with " cab error",
+    /// " Length of computer adapted space group symbol invalid", " Bad lattice_type",
+    /// " Bad crystal_system" and the failures of generator_powers.
+    void decode(const char* axes);
+
+    /// Writes the xyzs section of a .sg file with the centred operators, and adds those to the
+    /// list, which is sorted afterwards. (sgfile/sg_writer.cpp)
+    void write_xyzs(stream_out& stream);
+
+    /// Writes the equivalence_of_xyz section for a sorted list, and notes the permutations that
+    /// map the group onto itself. (sgfile/sg_writer.cpp)
+    void write_equivalence_of_xyz(stream_out& stream);
+
+    string_3 computer_symbol;
+    xyz_list_3 ops;                        ///< the operators of the group
+    list_0_3<xyz_list_3> generator_lists;  ///< for each generator, its powers
+    xyz_op_3 axis_change;                  ///< the matrix of the axes text
+    list_0_3<triple_3> xyz_permutations;
+
+private:
+    void read_axes(const char* axes);
+    int count_generators() const;
+    void multiply_lists();
+};
+
+/// Three digits of translation to 1/360 of the cell edges; what isn't a digit counts as 0.
+void read_translation_digits(triple_3& vector, const char* text);

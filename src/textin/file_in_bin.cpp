@@ -1,0 +1,51 @@
+#include "textin/file_in_bin.h"
+
+file_in_bin::file_in_bin(const char* path) {
+    set_name(path);
+    set_mode("rb");
+    open(open_or_throw);
+}
+
+void file_in_bin::close() {
+    pushed_back.n = 0;
+    file_io::close();
+}
+
+int file_in_bin::at_eof() {
+    if (pushed_back.n != 0) return 0;
+    const int byte = get_byte();
+    if (byte == EOF) return 1;
+    pushed_back.add(static_cast<char>(byte));
+    return 0;
+}
+
+int file_in_bin::get_byte() {
+    if (pushed_back.n == 0) return file != nullptr ? std::fgetc(file) : EOF;
+    return static_cast<unsigned char>(pushed_back[--pushed_back.n]);
+}
+
+void file_in_bin::read_bytes(void* to, std::size_t size) {
+    char* out = static_cast<char*>(to);
+    for (; size > 0 && pushed_back.n != 0; --size) *out++ = static_cast<char>(get_byte());
+    if (size > 0 && file != nullptr && std::fread(out, 1, size, file) < size) return;
+}
+
+int file_in_bin::read_int() {
+    int value = 0;
+    read_bytes(&value, sizeof value);
+    return value;
+}
+
+double file_in_bin::read_double() {
+    double value = 0.0;
+    read_bytes(&value, sizeof value);
+    return value;
+}
+
+void file_in_bin::read_text(string_3& out) {
+    string_out text;
+    for (int byte = get_byte(); byte != EOF && byte != 0; byte = get_byte()) {
+        text << static_cast<char>(byte);
+    }
+    out.assign(text.text(), text.n);
+}

@@ -1,0 +1,56 @@
+#pragma once
+
+#include "textout/file_out_no_buffer_3.h"
+
+/// The characters of a file that aren't written yet, and the held tail.
+class file_out_buf_3 {
+public:
+    file_out_buf_3() { buffer.set_max_n(high_mark, false); }
+    virtual ~file_out_buf_3() = default;
+
+protected:
+    vector_1_3 buffer;
+    int high_mark = 1024;  ///< count above which characters are written out
+    int keep = 512;        ///< characters that stay in the buffer then
+};
+
+/// The buffered text output file. It always holds the last stretch of the output, at least 512
+/// characters once 1024 have passed, and can look back at it or take text back.
+class file_out : public file_out_no_buffer_3, public file_out_buf_3 {
+public:
+    static constexpr int behind_white = 1;  ///< flag: white space at the end doesn't count
+
+    /// With `open_now` the file is created, or emptied; fails with " Cannot open file" and the
+    /// path. To append: construct without, set_mode("a+b"), open(open_or_throw).
+    explicit file_out(const char* path, int open_now = 1);
+    explicit file_out(const string_3& path) : file_out(path.data) {}
+    ~file_out() override { file_out::close(); }
+
+    /// Writes out what is held, then closes. A second call does nothing.
+    void close() override;
+    /// Writes out what is held and flushes the handle.
+    void flush() override;
+
+    using file_out_no_buffer_3::operator<<;
+    stream_out& operator<<(char_range_3 range) override;
+    stream_out& operator<<(char c) override;
+    stream_out& operator<<(const char* text) override;
+
+    /// Takes back the last character; there must be one.
+    void pop() override { --buffer.n; }
+    /// Takes back `text` and what stands behind it, if the held text ends in it; 1 if it did.
+    int remove_tail(const char* text, int flags) override;
+    /// Gives the last `count` characters in `out` and the place where they begin, or -1 if fewer
+    /// are held.
+    int read_tail(int count, string_3& out, int flags) override;
+    /// Makes the number of held characters `count`.
+    void set_count(int count) override { buffer.set_n(count); }
+    char last() const override { return buffer.n < 1 ? '\0' : buffer[buffer.n - 1]; }
+    char second_last() const override { return buffer.n < 2 ? '\0' : buffer[buffer.n - 2]; }
+
+private:
+    int tail_end(int flags) const;
+    void append(const char* text, int length);
+    void write_part();
+    void write_all();
+};

@@ -1,0 +1,76 @@
+# Functions of the scripts run, check and .ci/run. They source this file from the project's folder.
+# shellcheck shell=bash
+
+# need WHAT:PACKAGE ... - installs the Debian package of each WHAT that is missing. WHAT is a
+# command or the path of a file.
+need() {
+    local entry missing=()
+    for entry in "$@"; do
+        if [[ $entry == /* ]]; then
+            [[ -e ${entry%:*} ]] || missing+=("${entry#*:}")
+        else
+            command -v "${entry%:*}" >/dev/null || missing+=("${entry#*:}")
+        fi
+    done
+    ((${#missing[@]})) || return 0
+
+    local as_root=()
+    if ! command -v apt-get >/dev/null; then
+        echo "Please install: ${missing[*]}" >&2
+        return 1
+    elif ((EUID != 0)); then
+        as_root=(sudo)
+        if ! command -v sudo >/dev/null || ! { sudo -n true || { [[ -t 0 ]] && sudo -v; }; } 2>/dev/null
+        then
+            echo "No root rights. Please install: apt-get install ${missing[*]}" >&2
+            return 1
+        fi
+    fi
+    echo "Installing ${missing[*]} ..." >&2
+    local get=("${as_root[@]}" env DEBIAN_FRONTEND=noninteractive apt-get -qq)
+    # A package list that can't be renewed may still serve.
+    quietly "${get[@]}" update || true
+    quietly "${get[@]}" install -y --no-install-recommends "${missing[@]}"
+}
+
+# quietly COMMAND ... - runs it and shows its output only if it fails.
+quietly() {
+    local log status=0
+    log=$(mktemp)
+    "$@" >"$log" 2>&1 </dev/null || status=$?
+    ((status == 0)) || cat "$log" >&2
+    rm -f "$log"
+    return "$status"
+}
+
+need_compiler() {
+    need g++:g++ cmake:cmake
+    if ! command -v make >/dev/null; then need ninja:ninja-build; fi
+}
+
+# configure PRESET [OPTION ...] - prepares build/PRESET.
+configure() {
+    local cache="build/$1/CMakeCache.txt"
+    # A build folder that was made elsewhere, and then moved or copied here, is of no use.
+    if [[ -e $cache ]] && ! grep -qxF "CMAKE_HOME_DIRECTORY:INTERNAL=$PWD" "$cache"; then
+        rm -rf "build/$1"
+    fi
+    if [[ ! -e $cache ]] && command -v ninja >/dev/null; then
+        quietly cmake --preset "$1" -G Ninja "${@:2}"
+    else
+        quietly cmake --preset "$1" "${@:2}"
+    fi
+}
+
+# run_tests PRESET - shows the totals if all tests pass, else everything.
+run_tests() {
+    local log="build/$1/tests.log"
+    if ctest --preset "$1" -j2 --no-tests=error >"$log" 2>&1; then
+        grep -E 'tests passed|Total Test time' "$log"
+        # No test is passed over in silence.
+        sed -n '/did not run/,/^$/p' "$log"
+    else
+        cat "$log"
+        return 1
+    fi
+}

@@ -1,0 +1,130 @@
+#!/usr/bin/env python3
+"""Checks what the sources include.
+
+- A file under src/ includes only files of its own layer and of layers below it. The library and
+  the upper floor of the driver stand side by side and don't use each other.
+- An include in quotes is the path from src/ of a header that is there.
+- Headers of an operating system, and conditions on one, stand in the platform files alone.
+- Every header begins with #pragma once, and headers don't include each other in a circle.
+
+Prints one line for each fault and ends with status 1 if there is any.
+"""
+
+import re
+import sys
+from pathlib import Path
+
+# From the ground up.
+LAYERS = ["foundation", "textin", "textout", "driver-ground", "catalogue", "symmetry", "sgfile",
+          "reflections", "library", "driver-top"]
+DRIVER_GROUND = {"arg_store_3", "sg_file_names_3"}
+PLATFORM_FILES = {"foundation/platform_posix.cpp", "foundation/platform_windows.cpp"}
+
+INCLUDE = re.compile(r'\s*#\s*include\s*([<"])([^>"]*)[>"]')
+CONDITION = re.compile(r"\s*#\s*(?:if|ifdef|ifndef|elif)\b(.*)")
+SYSTEM_MACRO = re.compile(
+    r"\b(_WIN32|_WIN64|WIN32|_MSC_VER|__MINGW\w*|__CYGWIN__|__linux\w*|__unix\w*|unix|linux|"
+    r"__APPLE__|__ANDROID__|\w*BSD\w*|_POSIX\w*)\b")
+SYSTEM_HEADER = re.compile(
+    r"(windows|winsock2?|winbase|shellapi|shlobj|io|direct|process|conio|unistd|fcntl|dirent|pwd|"
+    r"grp|poll|spawn|dlfcn|termios|glob|ftw|libgen|pthread|(sys|linux|asm|arpa|netinet)/.*)\.h",
+    re.IGNORECASE)
+
+
+def layer_of(path):
+    """The name of the layer of a file, given as its path from src/."""
+    folder, _, name = path.partition("/")
+    if folder == "driver":
+        return "driver-ground" if name.rsplit(".", 1)[0] in DRIVER_GROUND else "driver-top"
+    return folder
+
+
+def may_include(user, used):
+    if {user, used} == {"library", "driver-top"}:
+        return False
+    return LAYERS.index(used) <= LAYERS.index(user)
+
+
+def directives(file):
+    """The numbers and texts of the lines of a file that are outside block comments."""
+    text = file.read_text(encoding="utf-8", errors="replace")
+    text = re.sub(r"/\*.*?\*/", lambda m: "\n" * m.group().count("\n"), text, flags=re.DOTALL)
+    return enumerate(text.splitlines(), start=1)
+
+
+def check_source(src, path, headers, graph):
+    """Yields the faults of one file under src/ and enters its includes into the graph."""
+    layer = layer_of(path)
+    if layer not in LAYERS:
+        yield f"src/{path}:1: {layer}/ is no layer"
+        return
+    for number, line in directives(src / path):
+        place = f"src/{path}:{number}"
+        condition = CONDITION.match(line)
+        if condition and path not in PLATFORM_FILES:
+            macro = SYSTEM_MACRO.search(condition.group(1))
+            if macro:
+                yield f"{place}: condition on {macro.group()} outside the platform files"
+        include = INCLUDE.match(line)
+        if not include:
+            continue
+        quote, used = include.groups()
+        if SYSTEM_HEADER.fullmatch(used) and path not in PLATFORM_FILES:
+            yield f"{place}: <{used}> outside the platform files"
+        elif quote == "<":
+            if used in headers:
+                yield f"{place}: {used} belongs in quotes"
+        elif used not in headers:
+            yield f"{place}: no such header: src/{used}"
+        else:
+            graph.setdefault(path, []).append(used)
+            if not may_include(layer, layer_of(used)):
+                yield f"{place}: {layer} must not include {layer_of(used)} ({used})"
+
+
+def circle_from(path, graph, done, road):
+    """The first circle of includes that is met from a header on, or None."""
+    if path in road:
+        return road[road.index(path):] + [path]
+    if path in done:
+        return None
+    done.add(path)
+    for used in graph.get(path, []):
+        circle = circle_from(used, graph, done, road + [path])
+        if circle:
+            return circle
+    return None
+
+
+def main():
+    root = Path(__file__).resolve().parent.parent
+    src = root / "src"
+    files = sorted(f for f in src.rglob("*") if f.suffix in (".h", ".cpp"))
+    paths = [f.relative_to(src).as_posix() for f in files]
+    headers = {p for p in paths if p.endswith(".h")}
+    if not paths:
+        print("src/: no sources")
+        return 1
+
+    faults = []
+    graph = {}
+    for path in paths:
+        faults += check_source(src, path, headers, graph)
+
+    done = set()
+    for path in sorted(headers):
+        circle = circle_from(path, graph, done, [])
+        if circle:
+            faults.append(f"src/{circle[0]}:1: circle of includes: {' -> '.join(circle)}")
+
+    for folder in ("src", "tests", "bench", "fuzz"):
+        for header in sorted((root / folder).rglob("*.h")):
+            if not re.search(r"^#pragma once$", header.read_text(errors="replace"), re.MULTILINE):
+                faults.append(f"{header.relative_to(root).as_posix()}:1: no #pragma once")
+
+    print("\n".join(faults) or f"check_includes: {len(paths)} files are in order")
+    return 1 if faults else 0
+
+
+if __name__ == "__main__":
+    sys.exit(main())
