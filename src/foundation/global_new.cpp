@@ -13,7 +13,21 @@ static_assert(__STDCPP_DEFAULT_NEW_ALIGNMENT__ == 8,
 void* operator new(std::size_t size) { return alloc_block(size); }
 void* operator new[](std::size_t size) { return alloc_block(size); }
 
+// The library's own forms of these lead to the ones above, but those of a sanitizer don't.
+void* operator new(std::size_t size, const std::nothrow_t&) noexcept {
+    try {
+        return alloc_block(size);
+    } catch (const std::bad_alloc&) {
+        return nullptr;
+    }
+}
+void* operator new[](std::size_t size, const std::nothrow_t& nothrow) noexcept {
+    return operator new(size, nothrow);
+}
+
 void operator delete(void* pointer) noexcept { free_block(pointer); }
 void operator delete[](void* pointer) noexcept { free_block(pointer); }
 void operator delete(void* pointer, std::size_t) noexcept { free_block(pointer); }
 void operator delete[](void* pointer, std::size_t) noexcept { free_block(pointer); }
+void operator delete(void* pointer, const std::nothrow_t&) noexcept { free_block(pointer); }
+void operator delete[](void* pointer, const std::nothrow_t&) noexcept { free_block(pointer); }

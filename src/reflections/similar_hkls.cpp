@@ -70,13 +70,22 @@ void composed_with(const xyz_list_3& ops, const xyz_op_3& last, xyz_list_3& out)
     for (xyz_op_3& op : out) compose(op, last);
 }
 
+// The first operator whose rotation is the inverse of `form`, or not_found.
+int find_inverse(const xyz_list_3& ops, const xyz_op_3& form) {
+    xyz_op_3 inverse = form;
+    invert(inverse);
+    for (int i = 0; i < ops.n; ++i) {
+        if (same_rotation(ops[i], inverse)) return i;
+    }
+    return not_found;
+}
+
 // Whether an operator with the rotation of `form`, and some translation, maps the sorted list onto
 // itself. `work` is scratch.
 bool takes_in(const xyz_list_3& ops, const xyz_op_3& form, xyz_list_3& work) {
+    const int unit = find_inverse(ops, form);
+    if (unit == not_found) return false;
     composed_with(ops, form, work);
-    int unit = 0;
-    while (unit < work.n && !is_identity_rotation(work[unit])) ++unit;
-    if (unit == work.n) return false;
     xyz_op_3 shift = work[unit];
     negate_rotation(shift, 4);
     for (xyz_op_3& op : work) {
@@ -99,16 +108,24 @@ void find_general_class(const xyz_list_3& ops, xyz_list_3& found) {
     }
 }
 
-// The rotations of the operators followed by `last`, sorted.
-void rotations_with(const xyz_list_3& ops, const xyz_op_3& last, xyz_list_3& out) {
-    composed_with(ops, last, out);
-    for (xyz_op_3& op : out) {
+// The rotations of a list, sorted; each of them once if all occur equally often, as in a group.
+xyz_list_3 rotations_of(const xyz_list_3& ops) {
+    xyz_list_3 rotations(ops);
+    for (xyz_op_3& op : rotations) {
         for (int i = 0; i < 3; ++i) op.trans(i) = 0;
     }
-    sort_xyzs_3(out);
+    group_record_3 record;
+    group(rotations, record);
+    for (int count : record.count) {
+        if (count != record.count[0]) return rotations;
+    }
+    apply_index(rotations, record.unique);
+    return rotations;
 }
 
-void find_special_class(const xyz_list_3& ops, const char* name, const xyz_list_3& general,
+// Accepts those of the candidates, which are those of the general class with the old indices that
+// the class `name` lacks struck out, that all take the rotations to the same list.
+void find_special_class(const xyz_list_3& rotations, const char* name, const xyz_list_3& general,
                         xyz_list_3& found) {
     xyz_list_3 candidates(general);
     for (int i = 0; i < 3; ++i) {
@@ -119,14 +136,11 @@ void find_special_class(const xyz_list_3& ops, const char* name, const xyz_list_
     xyz_list_3 reference;
     xyz_list_3 work;
     for (const xyz_op_3& candidate : candidates) {
-        if (found.n == 0) {
-            rotations_with(ops, candidate, reference);
-        } else {
-            if (holds_negative(found, candidate)) continue;
-            rotations_with(ops, candidate, work);
-            if (!equal_xyzs_3(work, reference)) continue;
-        }
-        found.add(candidate);
+        if (found.n != 0 && holds_negative(found, candidate)) continue;
+        composed_with(rotations, candidate, work);
+        sort_xyzs_3(work);
+        if (found.n == 0) reference = work;
+        if (equal_xyzs_3(work, reference)) found.add(candidate);
     }
 }
 
@@ -146,8 +160,9 @@ const xyz_list_3& hkl_form_table_3() {
 void similar_hkls_3(const xyz_list_3& ops, class_lists_3& classes) {
     classes.new_n(n_hkl_classes_3);
     find_general_class(ops, classes[0]);
+    const xyz_list_3 rotations = rotations_of(ops);
     for (int i = 1; i < n_hkl_classes_3; ++i) {
-        find_special_class(ops, hkl_class_names_3()[i].data, classes[0], classes[i]);
+        find_special_class(rotations, hkl_class_names_3()[i].data, classes[0], classes[i]);
     }
     for (xyz_list_3& list : classes) {
         for (xyz_op_3& op : list) transpose_rotation(op);

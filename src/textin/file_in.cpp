@@ -42,11 +42,20 @@ void file_in::load() {
     prepare(length);
 }
 
-void file_in::prepare(int length) {
-    for (int i = 0; i < length; ++i) {
-        char& c = contents.p[i];
-        if (c == 0 || (c == '\r' && (load_flags & keep_cr) == 0)) c = ' ';
+namespace {
+
+void blank_each(char c, char* begin, char* end) {
+    for (char* p = begin; p != end; *p++ = ' ') {
+        p = static_cast<char*>(std::memchr(p, c, static_cast<std::size_t>(end - p)));
+        if (p == nullptr) return;
     }
+}
+
+}  // namespace
+
+void file_in::prepare(int length) {
+    blank_each(0, contents.p, contents.p + length);
+    if ((load_flags & keep_cr) == 0) blank_each('\r', contents.p, contents.p + length);
     set_text(contents.text());
     if ((load_flags & drop_comments) != 0) blank_comments(contents.p);
 }

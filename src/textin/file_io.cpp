@@ -53,8 +53,8 @@ void file_io::set_name(const char* new_name) {
 
 int file_exists(const char* name) {
     try {
-        file_in file(name, file_in::open_now);
-        return 1;
+        file_in file(name, 0);
+        return file.file_io::open(0);
     } catch (except_3* failure) {
         delete failure;
         return 0;
