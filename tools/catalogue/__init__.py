@@ -1,0 +1,1 @@
+"""The parts of make_catalogue.py."""
