@@ -7,9 +7,11 @@
 #include "catalogue/point_group_table_3.h"
 #include "catalogue/sg_catalogue_entry_3.h"
 #include "foundation/except_3.h"
+#include "reflections/hkl_file.h"
 #include "reflections/similar_hkls.h"
 #include "sgfile/sg_reader.h"
 #include "sgfile/sg_writer.h"
+#include "symmetry/generator_file.h"
 #include "textout/console.h"
 #include "textout/file_out.h"
 
@@ -58,7 +60,11 @@ void sg_driver_3::report_failure(const char* message) {
 
 void sg_driver_3::run_modes() {
     if (args.count() < 2) fail_with(usage);
-    if (args.has("-bill")) fail_with("-bill is not there yet");
+    if (const int i = args.find_arg("-bill"); i != not_found) {
+        sg_decoder_3 generated;
+        run_generator_file(generated, args.value_of(i));
+        return;
+    }
     names.set_symbol(args.argument(1));
     if (!names.is_valid()) fail_with("Error in space group symbol");
     const int dir = args.find_arg("-dir");
@@ -66,7 +72,12 @@ void sg_driver_3::run_modes() {
     if (!names.sg_file_exists()) generate_sg(names, decoder);
     if (const int i = args.find_arg("-compare"); i != not_found) compare_groups(args.value_of(i));
     if (args.has("-hhh")) append_hhh_3(names.sg_path().data);
-    if (args.has("-hkl")) fail_with("-hkl is not there yet");
+    if (const int i = args.find_arg("-hkl"); i != not_found) {
+        const char* const last = args.value_of(i, 3);
+        write_hkl_file_3(names.sg_path().data, names.hkl_path().data,
+                         int_of_text(args.value_of(i, 1)), int_of_text(args.value_of(i, 2)),
+                         int_of_text(last));
+    }
 }
 
 void sg_driver_3::generate_sg(sg_file_names_3& group, sg_decoder_3& operators) {

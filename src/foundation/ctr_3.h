@@ -23,7 +23,7 @@
 // elements are told apart by their type alone:
 //
 //     plain        no constructor: a new element holds whatever the block held
-//     constructed  a constructor, but nothing to destroy: run on every element of the capacity
+//     constructed  a constructor, but nothing to destroy: run when an element comes into use
 //     objects      with a destructor: built and destroyed with the capacity; when a list grows,
 //                  each hands over what it owns (its `take`), so that no inner block is copied
 
@@ -173,12 +173,14 @@ public:
     /// Makes the count `m`, keeping elements: the capacity grows to exactly `m`, and never shrinks.
     void set_n(int m) {
         if (m > n_max) set_max_n(m, true);
+        construct(n, m);
         n = m;
     }
 
     /// As set_n, but when the list grows its old elements are lost.
     void set_n_discard(int m) {
         if (m > n_max) set_max_n(m, false);
+        construct(0, m);
         n = m;
     }
 
@@ -186,6 +188,7 @@ public:
     void new_n(int m) {
         clear();
         set_max_n(m, false);
+        construct(0, m);
         n = m < 1 ? 0 : m;
     }
 
@@ -203,6 +206,7 @@ public:
         if (other.n == 0) return clear();
         if constexpr (B::has_base) this->set_base(0);
         set_max_n(other.n, false);
+        construct(0, other.n);
         n = other.n;
     }
 
@@ -224,6 +228,7 @@ public:
     void add_n(int k) {
         const int m = this->added(n, k);
         if (m > n_max) set_max_n(this->doubled(m), true);
+        construct(n, m);
         n = m;
     }
 
@@ -235,10 +240,11 @@ public:
 
     // Adding and taking away
 
-    /// Makes room for one more element at the end and returns it. A plain element, and one that
-    /// the list held before, has its old value.
+    /// Makes room for one more element at the end and returns it. A plain element holds what the
+    /// block held, and an object that the list held before its old value.
     T& add() {
         if (n == n_max) set_max_n(this->grown(n), true);
+        construct(n, n + 1);
         ++n;
         return this->block()[n - 1];
     }
@@ -351,10 +357,20 @@ private:
 
     static T* make_block(int m) {
         T* block = static_cast<T*>(alloc_block(byte_count(m)));
-        if constexpr (!is_plain_element<T>) {
+        if constexpr (is_object_element<T>) {
             for (int i = 0; i < m; ++i) ::new (static_cast<void*>(block + i)) T();
         }
         return block;
+    }
+
+    // Runs the constructor of elements that come into use. Those of objects ran with their block.
+    void construct(int from, int to) {
+        if constexpr (!is_plain_element<T> && !is_object_element<T>) {
+            T* const block = this->block();
+            for (int i = from; i < to; ++i) ::new (static_cast<void*>(block + i)) T();
+        }
+        static_cast<void>(from);
+        static_cast<void>(to);
     }
 
     static void free_elements(T* block, int m) {
@@ -387,11 +403,11 @@ void ctr_3<T, U, B>::set_max_n(int m, bool keep) {
         T* old = this->block();
         if (keep) {
             const int most = m < n_max ? m : n_max;
-            if constexpr (is_plain_element<T>) {
-                this->copy(fresh, old, most);
-            } else {
-                const int used = n < most ? n : most;
+            const int used = n < most ? n : most;
+            if constexpr (is_object_element<T>) {
                 for (int i = 0; i < used; ++i) move_element(fresh[i], old[i]);
+            } else {
+                this->copy(fresh, old, is_plain_element<T> ? most : used);
             }
         }
         free_elements(old, n_max);

@@ -12,7 +12,9 @@ constexpr int head_size = 3;
 constexpr int field_size = 6;
 constexpr int rotation_size = 3;
 
-// No group has as many operators; a symbol whose product grows beyond isn't one of a group.
+// No group has as many operators. A product that grows beyond the first number is thinned out on
+// the way; one that grows beyond the second isn't that of a group.
+constexpr std::int64_t many_products = 20000;
 constexpr std::int64_t most_products = 1000000;
 
 }  // namespace
@@ -73,7 +75,7 @@ void sg_decoder_3::multiply_lists() {
     ops = generator_lists[generator_lists.last()];
     for (int i = generator_lists.last() - 1; i >= 0; --i) {
         const xyz_list_3& powers = generator_lists[i];
-        if (std::int64_t{powers.n} * ops.n > most_products) {
+        if (std::int64_t{powers.n} * ops.n > many_products) {
             normalise_xyzs_3(ops);
             keep_unique_6(ops);
         }

@@ -38,14 +38,14 @@ int cofactor(const xyz_op_3& a, int row, int column) {
 }  // namespace
 
 void compose(xyz_op_3& a, const xyz_op_3& b) {
-    const xyz_op_3 old = a;
+    xyz_op_3 product;
     for (int i = 0; i < 3; ++i) {
         for (int j = 0; j < 4; ++j) {
-            a.rows[i][j] = dot(b.rows[i], old.rows[0][j], old.rows[1][j], old.rows[2][j]);
+            product.rows[i][j] = dot(b.rows[i], a.rows[0][j], a.rows[1][j], a.rows[2][j]);
         }
-        a.trans(i) = wrapped_sum(a.trans(i), b.trans(i));
+        product.trans(i) = wrapped_sum(product.trans(i), b.trans(i));
     }
-    a.tag = 0;
+    a = product;
 }
 
 void invert(xyz_op_3& a) {

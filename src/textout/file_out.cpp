@@ -5,6 +5,12 @@
 
 #include "textin/sstring_in.h"
 
+namespace {
+
+constexpr int long_text = 8192;
+
+}  // namespace
+
 file_out::file_out(const char* path, int open_now) {
     set_name(path);
     if (open_now != 0) file_io::open(open_or_throw);
@@ -35,8 +41,15 @@ void file_out::write_part() {
     buffer.n = keep;
 }
 
-// Fills the buffer up to one character above the mark, writes out a part, and goes on.
+// A long text goes out at once but for its tail. Otherwise this fills the buffer up to one
+// character above the mark, writes out a part, and goes on.
 void file_out::append(const char* text, int length) {
+    if (length > long_text && file != nullptr) {
+        write_all();
+        std::fwrite(text, 1, static_cast<std::size_t>(length - keep), file);
+        text += length - keep;
+        length = keep;
+    }
     while (length > 0) {
         const int part = std::max(1, std::min(length, high_mark + 1 - buffer.n));
         if (buffer.n + part > buffer.n_max) {

@@ -1,0 +1,144 @@
+#include "reflections/sg_phase_sum_3.h"
+
+#include <cmath>
+#include <cstdint>
+
+namespace {
+
+constexpr double degree = 0.017453292519943278;
+constexpr double two_pi = 6.28318530717958;
+
+int phase_of(const xyz_op_3& op, int h, int k, int l) {
+    const auto term = [&](int row, int index) {
+        return std::int64_t{op.trans(row)} * (index % xyz_op_3::edge);
+    };
+    const auto phase = static_cast<int>((term(0, h) + term(1, k) + term(2, l)) % xyz_op_3::edge);
+    return phase < 0 ? phase + xyz_op_3::edge : phase;
+}
+
+}  // namespace
+
+const sine_cosine_3* phase_table_3() {
+    static const auto table = [] {
+        list_0_3<sine_cosine_3> pairs;
+        pairs.set_n(xyz_op_3::edge);
+        pairs[0] = {0.0, 1.0};
+        for (int i = 1; i < pairs.n; ++i) pairs[i] = {std::sin(i * degree), std::cos(i * degree)};
+        return pairs;
+    }();
+    return table.block();
+}
+
+void sg_phase_sum_3::set_up(const xyz_list_3& ops_) {
+    ops = &ops_;
+    flags = 0;
+    xyz_list_3 sorted(ops_);
+    normalise_xyzs_3(sorted);
+    int_list_3 index;
+    sort_index(sorted, index);
+    apply_index(sorted, index);
+    entries.new_n(ops_.n);
+    for (int i = 0; i < entries.n; ++i) entries[i].add(index[i]);
+    int_list_3 kinds;
+    kinds.set_n(ops_.n);
+    kinds.fill('1');
+    pair_entries(sorted, kinds);
+    for (xyz_op_3& op : sorted) {
+        for (int i = 0; i < 3; ++i) op.trans(i) = 0;
+    }
+    group_entries(sorted, kinds);
+    collect_rows();
+}
+
+// Joins the entries of operators that are related by the inversion.
+void sg_phase_sum_3::pair_entries(xyz_list_3& sorted, int_list_3& kinds) {
+    if (sorted.n != 1) flags |= all_paired;
+    int_list_3 removed;
+    removed.new_n_zero(sorted.n);
+    for (int i = 0; i + 1 < sorted.n; ++i) {
+        if (kinds[i] != '1' || removed[i] != 0) continue;
+        xyz_op_3 partner = sorted[i];
+        negate_rotation(partner, 4);
+        normalise(partner);
+        const int j = bsearch(sorted, partner, i + 1, sorted.last());
+        if (j == not_found) {
+            flags &= ~all_paired;
+            continue;
+        }
+        entries[i].append(entries[j]);
+        kinds[i] = '2';
+        removed[j] = 1;
+    }
+    if (sorted.n > 1 && kinds[sorted.last()] == '1' && removed[sorted.last()] == 0) {
+        flags &= ~all_paired;
+    }
+    entries.remove_flagged(removed);
+    sorted.remove_flagged(removed);
+    kinds.remove_flagged(removed);
+}
+
+void sg_phase_sum_3::group_entries(xyz_list_3& rotations, const int_list_3& kinds) {
+    group_record_3 record;
+    group(rotations, record);
+    groups.new_n(record.unique.n);
+    group_kinds.new_n(record.unique.n);
+    for (int e = 0; e < entries.n; ++e) {
+        const int g = record.group[e];
+        groups[g].add(entries[e][0]);
+        group_kinds[g].append(static_cast<char>(kinds[e]));
+    }
+    group_unpaired.set_n(groups.n);
+    for (int g = 0; g < groups.n; ++g) {
+        group_unpaired[g] = text_index('1', group_kinds[g].data) != not_found;
+        if (group_unpaired[g] != 0) flags |= has_unpaired;
+    }
+}
+
+void sg_phase_sum_3::collect_rows() {
+    list_0_3<triple_3> all;
+    for (const int_list_3& members : groups) {
+        const xyz_op_3& op = (*ops)[members[0]];
+        for (int i = 0; i < 3; ++i) all.add({{op.rot(i, 0), op.rot(i, 1), op.rot(i, 2)}});
+    }
+    group_record_3 record;
+    group(all, record);
+    rows = all;
+    apply_index(rows, record.unique);
+    group_rows.set_n(groups.n);
+    for (int i = 0; i < all.n; ++i) group_rows[i / 3][i % 3] = record.group[i];
+}
+
+void sg_phase_sum_3::position_phases(const double position[3], phase_list_3& phases) const {
+    const double x = position[0] * two_pi;
+    const double y = position[1] * two_pi;
+    const double z = position[2] * two_pi;
+    list_0_3<double> values;
+    for (const triple_3& row : rows) values.add(row[0] * x + row[1] * y + row[2] * z);
+    phases.set_n(groups.n);
+    for (int g = 0; g < groups.n; ++g) {
+        for (int i = 0; i < 3; ++i) phases[g].row[i] = values[group_rows[g][i]];
+    }
+}
+
+void sg_phase_sum_3::translation_sums(int h, int k, int l, sum_list_3& sums) const {
+    const sine_cosine_3* const table = phase_table_3();
+    sums.set_n(groups.n);
+    for (int g = 0; g < groups.n; ++g) {
+        translation_sum_3 sum = {0.0, 0.0, 0.0, 0.0};
+        const int_list_3& members = groups[g];
+        const char* const kinds = group_kinds[g].data;
+        for (int m = 0; m < members.n; ++m) {
+            const auto [s, c] = table[phase_of((*ops)[members[m]], h, k, l)];
+            if (kinds[m] == '1') {
+                sum.a1 += c;
+                sum.b1 += s;
+                sum.a2 += c;
+                sum.b2 += s;
+            } else {
+                sum.a2 += 2 * c;
+                sum.b2 += 2 * s;
+            }
+        }
+        sums[g] = sum;
+    }
+}
