@@ -12,7 +12,7 @@ from pathlib import Path
 PASSED_OVER = {".git", "build", "work", "__pycache__", ".cache"}
 TEST_DATA = "tests/data"
 BINARY = {".png", ".pdf", ".gz"}
-MAY_HOLD_TABS = {".txt", ".tsv"}
+MAY_HOLD_TABS = {".txt", ".tsv", ".md"}
 
 
 def text_files(folder, root):
