@@ -35,6 +35,10 @@ public:
     /// Whether the .sg file can be opened.
     bool sg_file_exists();
 
+    /// Generates the .sg file in a process of its own, unless it is there. Fails with
+    /// " Error running" and the command. (library/child_process.cpp)
+    void generate_in_child();
+
     const string_3& raw_symbol() const { return raw_symbol_; }
     const string_3& out_dir() const { return out_dir_; }
 

@@ -8,6 +8,9 @@
 /// The character between the parts of a path: `/` or `\`.
 extern const char platform_separator;
 
+/// What stands before the name of a program to run it from the current directory.
+extern const char* const platform_program_prefix;
+
 /// Whether a character separates the parts of a path as a user may type it.
 bool platform_is_separator(char c);
 
@@ -39,6 +42,7 @@ bool platform_physical_memory(std::uint64_t& kilobytes);
 /// The bytes of memory that the process has in use now. False if they can't be had.
 bool platform_working_set(std::uint64_t& bytes);
 
-/// Runs a command line, in which double quotes group words, waits for its end, and gives its exit
-/// status. False if it can't be started.
-bool platform_run_command(const char* command, int& status);
+/// Starts the system's command interpreter with a command, and waits for its end if `wait` is set.
+/// With `no_window` it gets no console window of its own, where there are such. False if it can't
+/// be started.
+bool platform_start(const char* command, bool wait, bool no_window);

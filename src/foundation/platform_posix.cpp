@@ -1,5 +1,6 @@
 #include "foundation/platform.h"
 
+#include <cerrno>
 #include <cstdio>
 #include <spawn.h>
 #include <sys/stat.h>
@@ -11,6 +12,8 @@
 extern char** environ;
 
 const char platform_separator = '/';
+
+const char* const platform_program_prefix = "./";
 
 bool platform_is_separator(char c) { return c == '/'; }
 
@@ -51,39 +54,13 @@ bool platform_working_set(std::uint64_t& bytes) {
     return fields == 1;
 }
 
-namespace {
-
-// Cuts a command line into words at blanks outside double quotes, which go.
-void split_words(const char* command, string_list_3& words) {
-    bool quoted = false;
-    bool in_word = false;
-    for (const char* c = command; *c != 0; ++c) {
-        if (*c == '"') quoted = !quoted;
-        if (*c == ' ' && !quoted) {
-            in_word = false;
-            continue;
-        }
-        if (!in_word) words.add();
-        in_word = true;
-        if (*c != '"') words[words.last()].append(*c);
-    }
-}
-
-}  // namespace
-
-bool platform_run_command(const char* command, int& status) {
-    string_list_3 words;
-    split_words(command, words);
-    if (words.n == 0) return false;
-    list_0_3<char*> arguments;
-    for (string_3& word : words) arguments.add(word.data);
-    arguments.add(nullptr);
+bool platform_start(const char* command, bool wait, bool) {
+    string_3 shell("/bin/sh");
+    string_3 option("-c");
+    string_3 line(command);
+    char* const arguments[] = {shell.data, option.data, line.data, nullptr};
     pid_t child = 0;
-    if (posix_spawnp(&child, arguments[0], nullptr, nullptr, arguments.p, environ) != 0) {
-        return false;
-    }
-    int wait_status = 0;
-    if (waitpid(child, &wait_status, 0) != child) return false;
-    status = WIFEXITED(wait_status) ? WEXITSTATUS(wait_status) : -1;
+    if (posix_spawn(&child, shell.data, nullptr, nullptr, arguments, environ) != 0) return false;
+    while (wait && waitpid(child, nullptr, 0) == -1 && errno == EINTR) {}
     return true;
 }

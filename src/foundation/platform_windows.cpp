@@ -12,6 +12,8 @@
 
 const char platform_separator = '\\';
 
+const char* const platform_program_prefix = "";
+
 bool platform_is_separator(char c) { return c == '\\' || c == '/'; }
 
 bool platform_ends_directory(char c) { return c == '\\' || c == '/' || c == ':'; }
@@ -50,20 +52,19 @@ bool platform_working_set(std::uint64_t& bytes) {
     return true;
 }
 
-bool platform_run_command(const char* command, int& status) {
+bool platform_start(const char* command, bool wait, bool no_window) {
     STARTUPINFOA startup = {};
     startup.cb = sizeof startup;
     PROCESS_INFORMATION process = {};
-    string_3 line(command);  // the call may write into the text
-    if (CreateProcessA(nullptr, line.data, nullptr, nullptr, FALSE, 0, nullptr, nullptr, &startup,
+    string_3 line("cmd /C ");  // the call may write into the text
+    line.append(command);
+    if (CreateProcessA(nullptr, line.data, nullptr, nullptr, FALSE,
+                       no_window ? CREATE_NO_WINDOW : 0, nullptr, nullptr, &startup,
                        &process) == 0) {
         return false;
     }
-    WaitForSingleObject(process.hProcess, INFINITE);
-    DWORD code = 0;
-    GetExitCodeProcess(process.hProcess, &code);
+    if (wait) WaitForSingleObject(process.hProcess, INFINITE);
     CloseHandle(process.hProcess);
     CloseHandle(process.hThread);
-    status = static_cast<int>(code);
     return true;
 }
