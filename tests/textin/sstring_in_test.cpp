@@ -1,0 +1,174 @@
+#include "textin/sstring_in.h"
+
+#include <cstring>
+#include <gtest/gtest.h>
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "support/expect_failure.h"
+#include "textin/read_arguments.h"
+
+namespace {
+
+string_out out;
+string_3 word;
+argument_list_3 arguments;
+
+std::string shown(const char* text) { return text; }
+std::string shown(int value) { return number_text(value); }
+std::string shown(double value) { return number_text(value); }
+std::string shown(char c) { return number_text(static_cast<unsigned char>(c)); }
+std::string shown(char_range_3 range) { return {range.begin, range.end}; }
+
+// What an operation gives, or the message that it fails with, and where the stream then stands.
+struct example {
+    const char* text;
+    std::string result;
+    int pos;
+};
+
+struct operation {
+    const char* code;
+    std::string (*run)(sstring_in&);
+    std::vector<example> examples;
+};
+
+#define OPERATION(...) #__VA_ARGS__, [](auto& in) { return shown(__VA_ARGS__); }
+
+const char no_brace[] = " Cannot find { in stream sstring_in";
+const char no_quote[] = " Cannot find \" in stream sstring_in";
+
+const operation operations[] = {
+    {OPERATION(in.at_end() != 0), {{"", "1", 0}, {" ", "0", 0}}},
+    {OPERATION(in.get()), {{"", "0", 0}, {" ", "32", 1}, {"\xff", "255", 1}}},
+    {OPERATION(in.get_non_white()), {{" \r\t\n", "0", 4}, {" \nab", "97", 3}}},
+    {OPERATION(in.peek_non_white()), {{" \r\t\n", "0", 4}, {"\v ", "11", 0}, {" {", "123", 1}}},
+    {OPERATION((in.back(), "")), {{"ab", "", 0}}},
+    {OPERATION((in.get(), in.back(), in.get())), {{"ab", "97", 1}, {"", "0", 0}}},
+    {OPERATION((in.skip_token(), "")), {{"ab c", "", 2}, {" ab", "", 0}}},
+    {OPERATION((in.skip_white_token(), "")), {{"  ab\tc", "", 4}, {" ", "", 1}}},
+    {OPERATION((in.skip_line(), "")), {{"ab\r\ncd", "", 4}, {"ab\r", "", 3}, {"\n", "", 1}}},
+    {OPERATION((in.skip_newline(), "")), {{"\n\n", "", 1}, {"\r\n", "", 0}, {"", "", 0}}},
+    {OPERATION((in.skip_all(), "")), {{"a b\n", "", 4}}},
+    {OPERATION(in.token()),
+     {{" \n", "", 2}, {" xyzs{ x", "xyzs{", 6}, {"\v\xa0,\"'\rc", "\v\xa0,\"'", 5}}},
+    {OPERATION(sstring_in::range_equal(in.token(), "ab")),
+     {{"ab ", "1", 2}, {"abc", "0", 3}, {"a", "0", 1}, {"aB", "0", 2}, {"", "0", 0}}},
+    {OPERATION(in.read_int()),
+     {{"", "0", 0}, {" 12abc 7", "12", 6}, {"-7\n", "-7", 2}, {"x 1", "0", 1}}},
+    {OPERATION(in.read_double()), {{" ", "0", 1}, {"1.5e2;x 1", "150", 7}}},
+    {OPERATION((in.read_word(word), word.data)),
+     {{"", "", 0}, {"\"\"x", "", 2}, {" \"a b\n\\\" d", "a b\n\\", 8}, {" ab\" c", "ab\"", 4}}},
+    {OPERATION((in.read_word(word), "")), {{" \"ab ", no_quote, 5}, {"\"", no_quote, 1}}},
+    {OPERATION(in.at_quote()), {{" \"a", "1", 2}, {" a\"", "0", 1}, {"", "0", 0}}},
+    {OPERATION(in.find_char('{', 0)), {{"ab{c", "1", 3}, {"abc", "0", 3}, {"", "0", 0}}},
+    {OPERATION(in.find_char('{', 4)), {{"ab{c", "1", 2}, {"{", "1", 0}, {"abc", "0", 3}}},
+    {OPERATION(in.find_char('{', 16)), {{"ab{c", "1", 3}, {"abc", no_brace, 3}}},
+    {OPERATION((in.skip_past('{'), "")),
+     {{"a\n{c", "", 3}, {"ab", no_brace, 2}, {"", no_brace, 0}}},
+    {OPERATION(in.find_tag("ab", 0)),
+     {{"abc ab", "1", 6}, {"ab{ {ab \n ab\t{", "1", 12}, {"AB a b ", "0", 7}, {"", "0", 0}}},
+    {OPERATION(in.find_tag("ab", 16)), {{" ab", "1", 3}, {"abc", " Cannot find: ab", 3}}},
+    {OPERATION(in.find_text("aab")),
+     {{"x aab y", "1", 5}, {"aaab", "1", 4}, {"a aa", "0", 4}, {"", "0", 0}}},
+    {OPERATION((in.read_until(char_set_3("|"), out), out.text())),
+     {{"x\n}|z", "+x\n}", 3}, {"|", "+", 0}, {"x", "+x", 1}}},
+    {OPERATION((in.read_field(out) == 1 ? out : out << ".").text()),
+     {{"x y,", "+x y", 3}, {"\n;}", "+\n", 1}, {"}", "+", 0}, {"x|", "+x|.", 2}, {"", "+.", 0}}},
+    {OPERATION(in.skip_to_field_end()),
+     {{"x;}\r\n", "1", 3}, {"x\n", "1", 1}, {",", "1", 0}, {"x;}", "0", 3}}},
+    {OPERATION((in.open_block(), "")),
+     {{" \n{ ", "", 3}, {" x{", " Missing: {", 1}, {" ", " Missing: {", 1}}},
+    {OPERATION((in.block_body(out), out.text())),
+     {{"a { b } c } d", "+a { b } c ", 11}, {"}}", "+", 1}, {"a { b }", " Unclosed block }", 7}}},
+    {OPERATION((in.skip_block('(', ')'), "")),
+     {{"a(b)}c) d", "", 7}, {")", "", 1}, {"(b)", " Unclosed:  )", 3}}},
+    {OPERATION(in.more_in_block()), {{"   }x", "0", 4}, {" x}", "1", 1}, {" ", "0", 1}}},
+    {OPERATION((read_arguments(in, arguments), "")), {{"(a)b", "", 3}, {"( ", " Missing )", 2}}}};
+
+// Runs a check on both kinds of stream over a text. Each copy fills a heap block of exactly its
+// size, without a NUL for the vstring_in, so that a sanitizer sees every read behind it.
+template <typename Check>
+void on_both(const std::string& text, Check check) {
+    const std::size_t n = text.size();
+    const std::unique_ptr<char[]> with_nul(new char[n + 1]);
+    const std::unique_ptr<char[]> without(new char[n]);
+    std::memcpy(with_nul.get(), text.c_str(), n + 1);
+    std::memcpy(without.get(), text.data(), n);
+    sstring_in plain(with_nul.get());
+    vstring_in stretch(without.get(), without.get() + n);
+    SCOPED_TRACE(testing::PrintToString(text));
+    check(plain);
+    SCOPED_TRACE("as a vstring_in");
+    check(stretch);
+}
+
+TEST(SstringIn, Operations) {
+    for (const operation& op : operations) {
+        SCOPED_TRACE(op.code);
+        for (const example& row : op.examples) {
+            on_both(row.text, [&](sstring_in& in) {
+                (out = string_out()) << '+';
+                std::string result;
+                const auto message = message_of([&] { result = op.run(in); });
+                EXPECT_EQ(message.value_or(result), row.result);
+                EXPECT_EQ(in.position(), row.pos);
+            });
+        }
+    }
+}
+
+// Each operation, begun at each place in each prefix of a nasty text and repeated until it fails or
+// gets no further, must end and stay inside.
+TEST(SstringIn, NothingReadsOutside) {
+    const char nasty[] = "{a \"q 'x\" /*{ b},;)((,( \0\xff\xfe{ \"\r\n\t\0}}1e9\" *//";
+    for (std::size_t n = 0; n < sizeof nasty; ++n) {
+        const int size = static_cast<int>(n);
+        on_both(std::string(nasty, n), [&](sstring_in& in) {
+            for (const operation& op : operations) {
+                for (int start = 0; start <= size; ++start) {
+                    int before = -1;
+                    in.set_position(start);
+                    out.clear();
+                    arguments.clear();
+                    const auto message = message_of([&] {
+                        for (; in.pos > before; op.run(in)) before = in.pos;
+                    });
+                    EXPECT_EQ(message.value_or(" ")[0], ' ');
+                    EXPECT_TRUE(0 <= in.pos && in.pos <= size) << op.code << start << in.pos;
+                }
+            }
+        });
+    }
+}
+
+TEST(SstringIn, NewTexts) {
+    on_both("text", [](sstring_in& in) {
+        in.close();
+        EXPECT_EQ(shown(in.token()), "text");
+        EXPECT_EQ(in.tag(), -1);
+        // The copies of ranges grow and shrink.
+        for (const std::size_t length : {127U, 128U, 3000U, 1U}) {
+            const std::string text(length, 'x');
+            in.set_text(text.c_str());
+            EXPECT_EQ(sstring_in::range_text(in.token()).text(), text);
+            EXPECT_NE(in.at_end(), 0);
+        }
+    });
+}
+
+TEST(VstringIn, Bounds) {
+    const char text[] = "abcdef\0g";
+    vstring_in first(text, text + 3);
+    EXPECT_EQ(shown(first.token()), "abc");
+    EXPECT_EQ(vstring_in(char_range_3{}).at_end(), 1);
+    EXPECT_EQ(vstring_in(text + 3, text).size, 0);
+    // A NUL in the stretch ends a token, but isn't the end.
+    vstring_in whole(char_range_3{text, text + 8});
+    EXPECT_EQ(shown(whole.token()), "abcdef");
+    EXPECT_EQ(whole.peek() + whole.at_end(), 0);
+    EXPECT_EQ(whole.find_char('g', 0) + whole.at_end(), 2);
+}
+
+}  // namespace
