@@ -1,0 +1,187 @@
+#include "sgfile/sg_reader.h"
+
+#include <climits>
+#include <gtest/gtest.h>
+#include <string>
+
+#include "reflections/hkl_classes.h"
+#include "support/expect_failure.h"
+#include "support/operators.h"
+#include "support/scratch_dir.h"
+#include "textin/file_in.h"
+
+namespace {
+
+constexpr char bad_xyzs[] = " Error loading symmetry xyz's";
+constexpr char bad_hkls[] = " Error loading symmetry hkls";
+
+TEST(SgReader, Operators) {
+    const op_array unit = op_of("x,y,z");
+    const struct {
+        const char* text;
+        op_array op;
+        int tag;
+        const char* rest;
+    } rows[] = {{"\tx, y, z \n-x", unit, 7, "-x"},
+                {"x\r\ny\rz\r\n\n", unit, 7, "\n"},
+                {"x,\ny,\nz\r", unit, 7, ""},
+                {"x\ny\nz,-1\n}", unit, -1, "}"},
+                {"x,y,z, \n +12a7 b", unit, 12, " b"},
+                {"x,y,z,", unit, 0, ""},
+                {"x,y,z,99999999999\n", unit, 2147483647, ""},
+                {",, \n", {}, 7, ""},
+                {"- x+ 1/2, + y -1/4,\tz\t-\t1 / 3 \n",
+                 {-1, 0, 0, 180, 0, 1, 0, -90, 0, 0, 1, -120},
+                 7,
+                 ""},
+                {"x-y+z,yx,zz-z\n", {1, -1, 1, 0, 1, 1, 0, 0, 0, 0, -1, 0}, 7, ""},
+                // A fraction takes all up to the slash, and then up to a blank.
+                {"1/2+x,1/2 +x,1/2 1/3\n", {0, 0, 0, 180, 1, 0, 0, 180, 0, 0, 0, 120}, 7, ""},
+                {"1 2 /4z,07/+12,1x/2\n", {0, 0, 0, 90, 0, 0, 0, 210, 0, 0, 0, 180}, 7, ""},
+                {"9/8,-1/7,2/-4\n", {0, 0, 0, 405, 0, 0, 0, -51, 0, 0, 0, -180}, 7, ""},
+                // Products that don't fit.
+                {"11930465/104,1/99999999999,-268435456/1\n",
+                 {0, 0, 0, 1, 0, 0, 0, 0, 0, 0, 0, INT_MIN},
+                 7,
+                 ""}};
+    for (const auto& row : rows) {
+        SCOPED_TRACE(row.text);
+        sstring_in in(row.text);
+        xyz_op_3 op = xyz_op_of({9, 9, 9, 9, 9, 9, 9, 9, 9, 9, 9, 9});
+        op.tag = 7;
+        EXPECT_EQ(message_of([&] { load_xyz_op_3(in, op); }), std::nullopt);
+        EXPECT_EQ(array_of(op), row.op);
+        EXPECT_EQ(op.tag, row.tag);
+        EXPECT_STREQ(in.current(), row.rest);
+    }
+}
+
+TEST(SgReader, MalformedOperators) {
+    const char* const rows[] = {
+        "",           "x",         "x,",        "x,y,",     "x,y,z",
+        "x,y,z}",     "x,y,z}\n",  "x+1,y,z\n", "+,y,z\n",  "x-,y,z\n",
+        "x,y- ,z\n",  "x,y,+-z\n", "X,y,z\n",   "x,y,h\n",  "x,y,z'\n",
+        "x,1/,z\n",   "x,y,1/0\n", "x,y,1/z\n", "x,y,1 \n", "x,y,-268435456/-1\n",
+        "x,\xff,z\n", "x,y,*\n",   "{,,\n",
+    };
+    for (const char* row : rows) {
+        sstring_in in(row);
+        xyz_op_3 op;
+        EXPECT_FAILURE(load_xyz_op_3(in, op), bad_xyzs) << row;
+    }
+}
+
+TEST(SgReader, Blocks) {
+    const struct {
+        const char *text, *ops, *rest;
+    } rows[] = {{"xyzs { }", "", ""},
+                {"xyz xyzs{ x } xyzs more {x,y,z\n} 1", "x,y,z", " 1"},
+                {"xyzs {\n\tx, y, z \n\t-x, -y, -z \n} 2\n", "x,y,z;-x,-y,-z", " 2\n"},
+                {"xyzs\n{x,y,z\n-x,y,-z\n", "x,y,z;-x,y,-z", ""},
+                {"xyzs\n{", "", ""},
+                {"xyzs\n{ x,y,z,-1 -x,y,-z,1 }", "x,y,z;-x,y,-z", ""}};
+    for (const auto& row : rows) {
+        SCOPED_TRACE(row.text);
+        sstring_in in(row.text);
+        xyz_list_3 ops;
+        EXPECT_EQ(message_of([&] { load_xyzs_3(in, ops); }), std::nullopt);
+        EXPECT_EQ(arrays_of(ops), arrays_of(xyz_list_of(row.ops)));
+        EXPECT_EQ(ops.n_max, ops.n) << "shrunk";
+        EXPECT_STREQ(in.current(), row.rest);
+    }
+    sstring_in in("xyzs { y,x,z\n }");
+    xyz_list_3 ops = xyz_list_of("x,y,z");
+    load_xyzs_3(in, ops);
+    EXPECT_EQ(arrays_of(ops), arrays_of(xyz_list_of("x,y,z;y,x,z"))) << "appends";
+    for (const char* text : {"", "xyzs{ x,y,z\n}"}) {
+        in.set_text(text);
+        EXPECT_FAILURE(load_xyzs_3(in, ops), " Cannot find: xyzs");
+    }
+    for (const char* text : {"xyzs { x,y,z }", "xyzs { x,y,z\n x"}) {
+        in.set_text(text);
+        EXPECT_FAILURE(load_xyzs_3(in, ops), bad_xyzs);
+    }
+    in.set_text("xyzs x,y,z\n}");
+    EXPECT_FAILURE(load_xyzs_3(in, ops), " Cannot find { in stream sstring_in");
+}
+
+TEST(SgReader, ReflectionOperators) {
+    const struct {
+        const char* text;
+        std::vector<op_array> ops;
+    } rows[] = {
+        {"{ h-k, k, 0\n}", {{1, -1, 0, 0, 0, 1, 0, 0, 0, 0, 0, 0}}},
+        {" x{h+h,- k+l\n0\r\n-h , 0k0,\n-l,",
+         {{2, 0, 0, 0, 0, -1, 1, 0, 0, 0, 0, 0}, {-1, 0, 0, 0, 0, 1, 0, 0, 0, 0, -1, 0}}},
+        {"{,, \n} h,k,l\n", {{}}},
+        {"{", {}},
+        {"{ }", {}},
+    };
+    for (const auto& row : rows) {
+        sstring_in in(row.text);
+        xyz_list_3 ops;
+        EXPECT_EQ(message_of([&] { load_hkl_ops_3(in, ops); }), std::nullopt) << row.text;
+        EXPECT_EQ(arrays_of(ops), row.ops) << row.text;
+    }
+    for (const char* text : {"{h", "{h,k,l", "{h,k,l}", "{h,k,1/2\n}", "{x,k,l\n}", "{h,k,+\n}",
+                             "{h,k,--l\n}", "{h,k,\xff\n}", "{h,k,l,1\n}"}) {
+        sstring_in in(text);
+        xyz_list_3 ops;
+        EXPECT_FAILURE(load_hkl_ops_3(in, ops), bad_hkls) << text;
+    }
+}
+
+TEST(SgReader, FindsTheReflectionSection) {
+    const scratch_dir dir;
+    EXPECT_EQ(has_hkl_section_3("none.sg"), 0);
+    EXPECT_EQ(has_hkl_section_3("."), 0);
+    const struct {
+        const char* text;
+        int found;
+    } rows[] = {{"", 0},    {"hkls hk0 'hkl\n", 0}, {"xyzs{}\nhkl\n{", 1}, {"hkl{ }", 0},
+                {"hkl", 1}, {"hkl /*", 0}};
+    for (const auto& row : rows) {
+        write_file("a.sg", row.text);
+        EXPECT_EQ(has_hkl_section_3("a.sg"), row.found) << row.text;
+    }
+}
+
+// A complete file cut off at every byte ends in a list or in one of the known messages.
+TEST(SgReader, CutOffAnywhere) {
+    const scratch_dir dir;
+    const std::string whole = read_file(GOLDEN_DIR "/c2oc.sg");
+    ASSERT_GT(whole.size(), 500U);
+    const std::set<std::string> known = {"complete",
+                                         " Cannot find: xyzs",
+                                         bad_xyzs,
+                                         bad_hkls,
+                                         " Cannot find { in stream cut.sg",
+                                         " Cannot find: hkl",
+                                         " Cannot find: hk0",
+                                         " Cannot find: h0l",
+                                         " Cannot find: 0kl",
+                                         " Cannot find: h00",
+                                         " Cannot find: 0k0",
+                                         " Cannot find: 00l"};
+    std::set<std::string> seen;
+    for (std::size_t n = 0; n <= whole.size(); ++n) {
+        write_file("cut.sg", whole.substr(0, n));
+        file_in file("cut.sg", file_in::data_file);
+        xyz_list_3 ops;
+        class_lists_3 classes;
+        const auto message = message_of([&] {
+            load_xyzs_3(file, ops);
+            load_hkl_classes_3(file, classes);
+        });
+        if (message) {
+            seen.insert(*message);
+        } else {
+            seen.insert("complete");
+            EXPECT_EQ(ops.n, 8);
+            EXPECT_EQ(classes.n, 7);
+        }
+    }
+    EXPECT_EQ(seen, known);
+}
+
+}  // namespace
