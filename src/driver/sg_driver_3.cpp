@@ -104,11 +104,11 @@ void sg_driver_3::compare_groups(const char* symbol) {
     sg_file_names_3 second_names;
     second_names.set_symbol(symbol);
     sg_decoder_3 second;
+    generate_sg(second_names, second);
     if (decoder.ops.n == 0) {  // the first group's file was there already
         load_sg_file_xyzs_3(names.sg_path().data, decoder.ops);
         normalise_xyzs_3(decoder.ops);
     }
-    generate_sg(second_names, second);
     sort_xyzs_3(second.ops);
     sort_xyzs_3(decoder.ops);
     console_line() << (equal_xyzs_3(second.ops, decoder.ops) ? "Equal" : "NOT Equal");
