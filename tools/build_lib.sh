@@ -48,6 +48,11 @@ need_compiler() {
     if ! command -v make >/dev/null; then need ninja:ninja-build; fi
 }
 
+need_cross_compiler() {
+    need_compiler
+    need x86_64-w64-mingw32-g++-posix:g++-mingw-w64-x86-64-posix
+}
+
 # configure PRESET [OPTION ...] - prepares build/PRESET.
 configure() {
     local cache="build/$1/CMakeCache.txt"

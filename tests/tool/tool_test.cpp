@@ -2,6 +2,7 @@
 #include <set>
 #include <string>
 
+#include "foundation/platform.h"
 #include "support/run_tool.h"
 
 namespace {
@@ -22,6 +23,9 @@ constexpr char bad_symbol[] = " Error in space group symbol\n";
 constexpr char not_found[] = " Space group not found in lomar5.txt\n";
 constexpr char has_details[] = " hhh details already in *.sg file\n";
 
+std::string not_opened(const std::string& folder, const std::string& file) {
+    return " Cannot open file " + folder + platform_separator + file + "\n";
+}
 std::string shipped(const std::string& name) { return read_file(std::string(DATA_DIR "/") + name); }
 std::string golden(const std::string& name) {
     return read_file(std::string(GOLDEN_DIR "/") + name);
@@ -45,7 +49,7 @@ struct Tool : testing::Test {
     static std::set<std::string> files() {
         std::set<std::string> found;
         for (const auto& entry : fs::recursive_directory_iterator(".")) {
-            const std::string name = entry.path().lexically_normal().string();
+            const std::string name = entry.path().lexically_normal().generic_string();
             if (entry.is_regular_file() && name.find("lomar5") && name.find("sgrots3")) {
                 found.insert(name);
             }
@@ -89,9 +93,9 @@ TEST_F(Tool, Messages) {
         {{"p" + std::string(10000, 'p')}, not_found, {}},
         {{"P-1", "-dir"}, " Missing value for -dir\n", {}},
         {{"P-1", "-compare"}, " Missing value for -compare\n", {"p-1.sg"}},
-        {{"P-1", "-dir", "nowhere"}, " Cannot open file nowhere/p-1.sg\n", {}},
-        {{"P-1", "-dir", "lomar5.txt"}, " Cannot open file lomar5.txt/p-1.sg\n", {}},
-        {{"P-1", "-compare", "P1"}, " Cannot open file sg/p1.sg\n", {"p-1.sg"}},
+        {{"P-1", "-dir", "nowhere"}, not_opened("nowhere", "p-1.sg"), {}},
+        {{"P-1", "-dir", "lomar5.txt"}, not_opened("lomar5.txt", "p-1.sg"), {}},
+        {{"P-1", "-compare", "P1"}, not_opened("sg", "p1.sg"), {"p-1.sg"}},
         {{"P-1", "-compare", "x"}, not_found, {"p-1.sg"}},
         {{"P-1", "-compare", "("}, " No Spacegroup\n", {"p-1.sg"}},
         {{"P-1", "-compare", "", "-hhh"}, " No Spacegroup\n", {"p-1.sg"}},
@@ -128,7 +132,7 @@ TEST_F(Tool, OutputDirectory) {
     fs::create_directory("p-1.sg");
     EXPECT_EQ(console_of({"P-1"}), " Cannot open file p-1.sg\n");
     EXPECT_EQ(console_of({"P-1", "-dir", std::string(5000, 'd')}),
-              " Cannot open file " + std::string(5000, 'd') + "/p-1.sg\n");
+              not_opened(std::string(5000, 'd'), "p-1.sg"));
 }
 
 TEST_F(Tool, Compare) {

@@ -1,0 +1,15 @@
+# cpack makes a zip for Windows and a .deb for Debian.
+
+set(CPACK_PACKAGE_VENDOR "lomar6")
+set(CPACK_PACKAGE_CONTACT "The lomar6 developers <lomar6@example.org>")
+set(CPACK_PACKAGE_DESCRIPTION_SUMMARY "${PROJECT_DESCRIPTION}")
+if(WIN32)
+    set(CPACK_GENERATOR ZIP)
+    set(CPACK_PACKAGE_FILE_NAME "lomar6-${PROJECT_VERSION}-windows")
+else()
+    set(CPACK_GENERATOR DEB)
+    set(CPACK_PACKAGING_INSTALL_PREFIX /usr)
+    set(CPACK_DEBIAN_FILE_NAME DEB-DEFAULT)
+    set(CPACK_DEBIAN_PACKAGE_SECTION science)
+endif()
+include(CPack)
