@@ -41,12 +41,8 @@ heap_3::heap_3() : bins(static_cast<heap_bin_3*>(malloc_or_throw(n_bins * sizeof
 
 heap_3::~heap_3() {
     for (int i = 0; i < n_bins; ++i) {
-        heap_bin_3& bin = bins[i];
-        for (std::int64_t k = 0; k < bin.n; ++k) {
-            UNPOISON_MEMORY(bin.entries[k].block, bin.block_size - header_size);
-            std::free(block_start(bin.entries[k].block));
-        }
-        if (bin.n_max != 0) std::free(bin.entries);
+        release_oldest(bins[i], bins[i].n);
+        if (bins[i].n_max != 0) std::free(bins[i].entries);
     }
     std::free(bins);
     heap_torn_down = true;
@@ -109,6 +105,36 @@ void heap_3::free_block(void* pointer) noexcept {
     }
     POISON_MEMORY(pointer, bin.block_size - header_size);
     bin.entries[bin.n++] = {pointer, stamp};
+}
+
+void heap_3::release_oldest(heap_bin_3& bin, std::int64_t n) noexcept {
+    for (std::int64_t k = 0; k < n; ++k) {
+        UNPOISON_MEMORY(bin.entries[k].block, bin.block_size - header_size);
+        std::free(block_start(bin.entries[k].block));
+    }
+    for (std::int64_t k = n; k < bin.n; ++k) bin.entries[k - n] = bin.entries[k];
+    bin.n -= n;
+}
+
+void heap_3::trim(int age) {
+    constexpr std::uint64_t least_bytes = 1000000;
+    if (heap_torn_down) return;
+    const std::int64_t cut = static_cast<std::int64_t>(stamp) + age;
+    for (int i = 0; i < n_bins; ++i) {
+        heap_bin_3& bin = bins[i];
+        if (static_cast<std::uint64_t>(bin.n) * bin.block_size <= least_bytes) continue;
+        std::int64_t n = 0;
+        while (n < bin.n && (age > 0 || static_cast<std::int64_t>(bin.entries[n].stamp) < cut)) ++n;
+        release_oldest(bin, n);
+    }
+}
+
+std::uint64_t heap_3::stored_bytes() const {
+    std::uint64_t bytes = 0;
+    for (int i = 0; i < n_bins && !heap_torn_down; ++i) {
+        bytes += static_cast<std::uint64_t>(bins[i].n) * bins[i].block_size;
+    }
+    return bytes;
 }
 
 heap_3& the_heap() {

@@ -52,10 +52,21 @@ public:
 
     const heap_bin_3& bin(int index) const { return bins[index]; }
 
+    /// Blocks that come back from now on are younger than those that came back before.
+    void advance_stamp() { ++stamp; }
+    /// Gives free blocks back to the system, out of bins that hold more than 1,000,000 bytes: all
+    /// of them if `age` is at least 1, else those that came back when the stamp was lower than it
+    /// is now less -age.
+    void trim(int age);
+    /// The bytes of all free blocks.
+    std::uint64_t stored_bytes() const;
+
     /// Called with the size before each allocation is served; null while nobody accounts.
     void (*before_alloc)(std::size_t size) = nullptr;
 
 private:
+    void release_oldest(heap_bin_3& bin, std::int64_t n) noexcept;
+
     heap_bin_3* bins;
     std::uint64_t stamp = 0;
 };

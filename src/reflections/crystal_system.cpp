@@ -14,7 +14,7 @@ int order_of(const xyz_op_3& op) {
 }
 
 // The distinct rotations of a list.
-xyz_list_3 rotations_of(const xyz_list_3& ops) {
+xyz_list_3 distinct_rotations(const xyz_list_3& ops) {
     xyz_list_3 rotations(ops);
     for (xyz_op_3& op : rotations) {
         for (int i = 0; i < 3; ++i) op.trans(i) = 0;
@@ -66,7 +66,7 @@ int_list_3 count_cyclic_groups(const xyz_list_3& rotations) {
 }  // namespace
 
 int crystal_system_of_3(const xyz_list_3& ops) {
-    xyz_list_3 rotations = rotations_of(ops);
+    xyz_list_3 rotations = distinct_rotations(ops);
     drop_opposites(rotations);
     const int_list_3 counts = count_cyclic_groups(rotations);
     if (counts[3] == 4) return 6;

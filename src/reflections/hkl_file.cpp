@@ -24,9 +24,9 @@ bool ascends(row_range range, Key key) {
     return true;
 }
 
-int h_of(const hkl_row_3& row) { return row.h; }
-int k_of(const hkl_row_3& row) { return row.k; }
-int l_of(const hkl_row_3& row) { return row.l; }
+constexpr auto h_of = [](const hkl_row_3& row) { return row.h; };
+constexpr auto k_of = [](const hkl_row_3& row) { return row.k; };
+constexpr auto l_of = [](const hkl_row_3& row) { return row.l; };
 
 // Sorts rows by one index by counting; rows with the same value keep their order. Values that lie
 // far apart in a short list are left to a comparing sort.

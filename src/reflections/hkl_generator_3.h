@@ -1,5 +1,6 @@
 #pragma once
 
+#include <array>
 #include <cstdint>
 
 #include "reflections/hkl_classes.h"
@@ -22,12 +23,30 @@ public:
     void generate(const char* sg_path, const xyz_list_3& ops, const triple_3& limits,
                   row_list_3& rows);
 
+    // For programs that hold the class lists, without Friedel mates, in memory. A class without a
+    // list has no reflections. (library/reflection_variants.cpp)
+
+    /// As generate; with `tests` 0 absent reflections are listed, too.
+    void generate_all(const class_lists_3& class_lists, const xyz_list_3& ops,
+                      const triple_3& limits, row_list_3& rows, int tests);
+    /// As generate_all with `tests` 0, and for each row appends to `status` 1 if the reflection is
+    /// present, 2 if it is absent. The conditions of the lattice aren't asked, so that of a group
+    /// with an axis that no operator moves or shifts all general reflections count as present.
+    void generate_with_status(const class_lists_3& class_lists, const xyz_list_3& ops,
+                              const triple_3& limits, row_list_3& rows, int_list_3& status);
+    /// Marks the equivalents of a reflection in the grid that the call before left behind.
+    void mark_orbit(int h, int k, int l);
+    /// Whether a reflection is marked; what lies outside the grid isn't, and 0, 0, 0 always is.
+    bool is_marked(int h, int k, int l) const;
+    friend void mark_present(hkl_generator_3& first, hkl_generator_3& second, int mode,
+                             const char* sg_path, const xyz_list_3& ops, const triple_3& limits);
+
     /// The test value of a reflection: 1 if the structure factor of an atom at one of two test
     /// positions doesn't vanish, else the square of its size. A reflection is present when the
     /// value is greater than 1e-9. `sums` is scratch.
     double absence_value(int h, int k, int l, sum_list_3& sums) const;
 
-    class_lists_3 classes;  ///< with their Friedel mates
+    class_lists_3 classes;  ///< with their Friedel mates, but for a mode of mark_present
     sg_phase_sum_3 sum;
     phase_list_3 position_phases[2];  ///< for each test position
     int axis_free[3] = {0, 0, 0};     ///< 1 if all operators leave this axis to itself, unshifted
@@ -58,17 +77,49 @@ private:
         int best;   ///< the operator that leads to the greatest of them
     };
 
+    // The conditions of the lattices on one index repeat with 2 or 3.
+    static constexpr int period = 6;
+    // For the residues of h and k, the set of the residues of l that are looked at.
+    using residue_sets = std::array<std::uint8_t, period * period>;
+    // For each set of residues of l, and each residue to start at: the members among 64 successive
+    // values of l.
+    using residue_patterns = std::array<std::array<std::uint64_t, period>, 1 << period>;
+    static constexpr int with_mates = 3;
+    static constexpr double absence_limit = 1e-9;  // a present reflection has a greater test value
+
+    void load_classes(const char* sg_path, int new_mode);
+    void take_classes(const class_lists_3& lists, int new_mode);
+    void apply_mode(int new_mode);
     void prepare(const xyz_list_3& ops, const triple_3& limits);
     void find_free_axes(const xyz_list_3& ops);
     void size_grid(const triple_3& limits);
     void find_steps(const triple_3& limits);
-    void enumerate(const lattice_type_3& lattice, const triple_3& limits, row_list_3& rows);
-    void scan_line(int h, int k, int l_limit, unsigned allowed, row_list_3& rows);
+    int expected_rows(const triple_3& limits) const;
+    void make_room(const triple_3& limits, row_list_3& rows) const;
+    void list_present(const lattice_type_3& lattice, const triple_3& limits, row_list_3& rows);
+    static residue_sets allowed_residues(const lattice_type_3& lattice);
+    static residue_sets all_residues();
+    static int residue_of(int index) { return (index % period + period) % period; }
+    // reflections/hkl_enumeration.h
+    template <typename Take>
+    void enumerate(const residue_sets& allowed, const triple_3& limits, Take take);
+    template <typename Take>
+    void scan_line(int h, int k, int l_limit, unsigned allowed, Take take);
     const class_line& line_of(int h, int k, int l);
-    void take_reflection(int h, int k, int l, row_list_3& rows);
+    orbit mark_line(const class_line& line, int h, int k, int l) {
+        return line.inside ? mark_inside(line, l) : mark_checked(line, h, k, l);
+    }
     orbit mark_inside(const class_line& line, int l);
     orbit mark_checked(const class_line& line, int h, int k, int l);
-    bool is_present(int h, int k, int l);
+    // Whether a reflection of the line that is walked counts as present: a general one with a free
+    // axis does. `at_limit` is the answer for a test value that equals the limit.
+    bool counts_as_present(int h, int k, int l, bool at_limit = false) {
+        if (h != 0 && k != 0 && l != 0 && axis_free_count != 0) return true;
+        const presence_3::verdict verdict = presence_.test(l);
+        if (verdict != presence_3::unsure) return verdict == presence_3::present;
+        const double value = absence_value(h, k, l, sums_);
+        return value > absence_limit || (at_limit && value == absence_limit);
+    }
     hkl_row_3 row_of(const class_line& line, const orbit& found, int l) const;
     bool mark(std::int64_t cell);
 
@@ -76,6 +127,12 @@ private:
         return h * stride_h_ + k * stride_k_ + l + origin_;
     }
 
+    // The cell of the image of a reflection under an operator, or -1 if it lies outside the grid.
+    std::int64_t image_cell(const xyz_op_3& op, int h, int k, int l) const;
+
+    static const residue_patterns patterns_;
+
+    int mode_ = with_mates;
     list_0_3<std::uint64_t> seen_;
     std::int64_t half_width_[3] = {0, 0, 0};
     std::int64_t stride_h_ = 0;

@@ -7,7 +7,7 @@
 namespace {
 
 constexpr double pi = 3.14159265358979;
-constexpr double two_pi = 6.28318530717958;
+constexpr double full_turn = 6.28318530717958;
 
 bool is_multiple(double a, double unit) {
     constexpr double tolerance = 1e-8;
@@ -34,5 +34,5 @@ double phi_at_3(const double_list_3& table, double x, int i, int j, int n) {
     double a = 0.0;
     double b = 0.0;
     get_a_b_for_phi_3(a, b, table[i], table[j], n);
-    return std::fmod(b * x + a, two_pi);
+    return std::fmod(b * x + a, full_turn);
 }

@@ -31,7 +31,9 @@ void presence_3::set_up(const sg_phase_sum_3& sum, const phase_list_3& phases, i
     std::int64_t n_residues = 1;
     for (int i = 0; i < 3; ++i) {
         int step = xyz_op_3::edge;
-        for (const xyz_op_3& op : *sum.ops) step = std::gcd(step, op.trans(i));
+        for (const xyz_op_3& op : *sum.ops) {
+            step = std::gcd(step, op.trans(i) % xyz_op_3::edge);
+        }
         period_[i] = xyz_op_3::edge / step;
         n_residues *= period_[i];
     }

@@ -29,9 +29,18 @@ const sine_cosine_3* phase_table_3() {
     return table.block();
 }
 
-void sg_phase_sum_3::set_up(const xyz_list_3& ops_) {
+void sg_phase_sum_3::set_up(const xyz_list_3& ops_) { fold(ops_, nullptr); }
+
+void sg_phase_sum_3::fold(const xyz_list_3& ops_, magnetic_steps* magnetic) {
     ops = &ops_;
     flags = 0;
+    mag_members.clear();
+    mag_kinds.clear();
+    mag_weights.clear();
+    for (int axis = 0; axis < 3; ++axis) {
+        axis_moments[axis].clear();
+        axis_entries[axis].clear();
+    }
     xyz_list_3 sorted(ops_);
     normalise_xyzs_3(sorted);
     int_list_3 index;
@@ -42,16 +51,20 @@ void sg_phase_sum_3::set_up(const xyz_list_3& ops_) {
     int_list_3 kinds;
     kinds.set_n(ops_.n);
     kinds.fill('1');
-    pair_entries(sorted, kinds);
+    pair_entries(sorted, kinds, magnetic);
     for (xyz_op_3& op : sorted) {
-        for (int i = 0; i < 3; ++i) op.trans(i) = 0;
+        for (int i = 0; i < 3; ++i) op.trans(i) = magnetic != nullptr ? op.tag : 0;
     }
-    group_entries(sorted, kinds);
+    group_entries(sorted, kinds, magnetic);
     collect_rows();
 }
 
 // Joins the entries of operators that are related by the inversion.
-void sg_phase_sum_3::pair_entries(xyz_list_3& sorted, int_list_3& kinds) {
+void sg_phase_sum_3::pair_entries(xyz_list_3& sorted, int_list_3& kinds, magnetic_steps* magnetic) {
+    if (magnetic != nullptr) {
+        magnetic->member_kinds.new_n(sorted.n);
+        for (int_list_3& list : magnetic->member_kinds) list.add(0);
+    }
     if (sorted.n != 1) flags |= all_paired;
     int_list_3 removed;
     removed.new_n_zero(sorted.n);
@@ -66,6 +79,11 @@ void sg_phase_sum_3::pair_entries(xyz_list_3& sorted, int_list_3& kinds) {
             continue;
         }
         entries[i].append(entries[j]);
+        if (magnetic != nullptr) {
+            const bool equal = sorted[i].tag == sorted[j].tag;
+            magnetic->member_kinds[i][0] = equal ? 1 : 2;
+            magnetic->member_kinds[i].add(equal ? 1 : 3);
+        }
         kinds[i] = '2';
         removed[j] = 1;
     }
@@ -73,11 +91,13 @@ void sg_phase_sum_3::pair_entries(xyz_list_3& sorted, int_list_3& kinds) {
         flags &= ~all_paired;
     }
     entries.remove_flagged(removed);
+    if (magnetic != nullptr) magnetic->member_kinds.remove_flagged(removed);
     sorted.remove_flagged(removed);
     kinds.remove_flagged(removed);
 }
 
-void sg_phase_sum_3::group_entries(xyz_list_3& rotations, const int_list_3& kinds) {
+void sg_phase_sum_3::group_entries(xyz_list_3& rotations, const int_list_3& kinds,
+                                   magnetic_steps* magnetic) {
     group_record_3 record;
     group(rotations, record);
     groups.new_n(record.unique.n);
@@ -85,6 +105,7 @@ void sg_phase_sum_3::group_entries(xyz_list_3& rotations, const int_list_3& kind
     for (int e = 0; e < entries.n; ++e) {
         const int g = record.group[e];
         groups[g].add(entries[e][0]);
+        if (magnetic != nullptr) magnetic->entry_groups.add(g);
         group_kinds[g].append(static_cast<char>(kinds[e]));
     }
     group_unpaired.set_n(groups.n);
@@ -140,5 +161,17 @@ void sg_phase_sum_3::translation_sums(int h, int k, int l, sum_list_3& sums) con
             }
         }
         sums[g] = sum;
+    }
+}
+
+void sg_phase_sum_3::add_position_terms(double& b, double& a, const phase_list_3& phases, int h,
+                                        int k, int l, const sum_list_3& sums) const {
+    for (int g = 0; g < sums.n; ++g) {
+        const double* const row = phases[g].row;
+        const double p = h * row[0] + k * row[1] + l * row[2];
+        const double sp = std::sin(p);
+        const double cp = std::cos(p);
+        if (group_unpaired[g] != 0) b += sp * sums[g].a1 + cp * sums[g].b1;
+        a += cp * sums[g].a2 - sp * sums[g].b2;
     }
 }

@@ -10,7 +10,7 @@
 
 namespace {
 
-constexpr char bad_xyzs[] = "Error loading symmetry xyz's";
+constexpr char bad_generator[] = "Error loading symmetry xyz's";
 
 // Moves behind the word `symmetry`; false at the end of the text.
 bool find_symmetry(sstring_in& in) {
@@ -29,9 +29,9 @@ bool is_digit(char c) { return c >= '0' && c <= '9'; }
 
 // A fraction whose numerator was passed, in 1/360.
 int read_fraction(vstring_in& field, char numerator, int sign) {
-    if (field.get() != '/') fail_with(bad_xyzs);
+    if (field.get() != '/') fail_with(bad_generator);
     const char denominator = field.get();
-    if (!is_digit(denominator) || denominator == '0') fail_with(bad_xyzs);
+    if (!is_digit(denominator) || denominator == '0') fail_with(bad_generator);
     return (numerator - '0') * sign * xyz_op_3::edge / (denominator - '0');
 }
 
@@ -49,7 +49,7 @@ void read_row(vstring_in field, int* row) {
         } else if (is_digit(c)) {
             row[3] = read_fraction(field, c, sign);
         } else {
-            fail_with(bad_xyzs);
+            fail_with(bad_generator);
         }
     }
 }

@@ -1,0 +1,33 @@
+// reflections SYMBOL LIMIT: the unique reflections of a group with indices up to a limit, each with
+// its multiplicity.
+
+#include <cstdio>
+#include <cstdlib>
+
+#include "foundation/except_3.h"
+#include "group_of_symbol.h"
+#include "library/reflection_variants.h"
+#include "reflections/similar_hkls.h"
+
+int main(int argc, char** argv) {
+    if (argc != 3) return 1;
+    try {
+        sg_decoder_3 decoder;
+        group_of_symbol(argv[1], decoder);
+        class_lists_3 classes;
+        similar_hkls_3(decoder.ops, classes);
+        const int limit = std::atoi(argv[2]);
+        hkl_generator_3 generator;
+        row_list_3 rows;
+        int_list_3 status;
+        generator.generate_with_status(classes, decoder.ops, {{limit, limit, limit}}, rows, status);
+        for (int i = 0; i < rows.n; ++i) {
+            std::printf("%3d %3d %3d  %d %s\n", rows[i].h, rows[i].k, rows[i].l,
+                        rows[i].multiplicity, status[i] == 1 ? "present" : "absent");
+        }
+    } catch (except_3* failure) {
+        std::fprintf(stderr, "Failed:%s\n", failure->text());
+        delete failure;
+        return 1;
+    }
+}

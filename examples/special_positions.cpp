@@ -1,0 +1,31 @@
+// special_positions SYMBOL: the special positions of a group on a grid of twelfths; then the sets
+// of operators that send the first of them, the origin, to the same place.
+
+#include "library/special_positions.h"
+
+#include <cstdio>
+
+#include "foundation/except_3.h"
+#include "group_of_symbol.h"
+#include "library/reflection_variants.h"
+#include "textout/console.h"
+
+int main(int argc, char** argv) {
+    try {
+        sg_decoder_3 decoder;
+        group_of_symbol(argc > 1 ? argv[1] : "", decoder);
+        stream_out& console = console_stream();
+        write_special_positions(decoder, console);
+        partition_3 partition;
+        refine_partition_3(decoder.ops, partition, 0.0, 0.0, 0.0);
+        for (const int_list_3& set : partition) {
+            console << "\nTogether:";
+            for (const int i : set) write_xyz(console, decoder.ops[i]);
+        }
+        console << '\n';
+    } catch (except_3* failure) {
+        std::fprintf(stderr, "Failed:%s\n", failure->text());
+        delete failure;
+        return 1;
+    }
+}

@@ -1,0 +1,55 @@
+#pragma once
+
+#include "reflections/sg_phase_sum_3.h"
+
+/// A list of reflections made ready for structure factors: the translation sums and kernels of
+/// every group of operators, and for one atom at a time the phases that the kernels start from.
+///
+/// A phase is h a + k b + l c with the phases a, b, c of three rotation rows. Where that pays, its
+/// sine and cosine are a product of three factors that are looked up; that of h and k is kept for a
+/// run of reflections in which they stay, so that a sorted list is quickest.
+class reflection_terms_3 {
+public:
+    using hkl_list = list_0_3<triple_3>;
+
+    /// `ops` must outlive the object, and hold centring copies too. With `magnetic` their tags
+    /// carry signs.
+    void set_up(const xyz_list_3& ops, const hkl_list& hkls, bool magnetic);
+
+    /// Takes an atom in fractional coordinates.
+    void take_position(const double position[3]);
+
+    /// Fills the row of `w` with the phases of the atom in a group.
+    void fill_row(int group);
+
+    /// The number of reflections.
+    int n() const { return l_.n; }
+
+    sg_phase_sum_3 sum;
+    number_store_3 w;  ///< one row that all groups share, one after the other
+
+private:
+    // Reflections that follow each other with the same h and k, up to the one before `end`.
+    struct run {
+        int h;
+        int k;
+        int end;
+    };
+
+    void record_all_sums();
+    void find_runs(const hkl_list& hkls);
+    void make_factors();
+    void fill_by_factors(int group);
+    void fill_by_angles(int group);
+    const sine_cosine_3* factors_of(int row) const {
+        return factors_.p + (row * (2 * largest_ + 1) + largest_);
+    }
+
+    int_list_3 l_;
+    list_0_3<run> runs_;
+    std::int64_t largest_ = 0;  ///< the greatest size of an index
+    bool by_factors_ = false;
+    phase_list_3 phases_;
+    list_0_3<sine_cosine_3> factors_;  ///< for each rotation row those of -largest_ to largest_
+    list_0_3<sine_cosine_3> pairs_;    ///< what w points to
+};

@@ -1,0 +1,71 @@
+#pragma once
+
+#include "foundation/sorted.h"
+
+// The records and number stores of structure-factor sums: what sg_phase_sum_3 keeps beside the
+// folded operators, and what its kernels work on.
+
+/// The translation sums of one reflection over one group of operators: cosines in A, sines in B;
+/// in A1 and B1 only of the operators without an inversion partner, in A2 and B2 of all.
+struct translation_sum_3 {
+    double a1;
+    double b1;
+    double a2;
+    double b2;
+};
+
+using sum_list_3 = list_0_3<translation_sum_3>;
+
+/// Numbers that belong to somebody else, as a matrix: element (row, column) stands at
+/// p[stride * row + column]. With a stride of 0 all rows are one and the same.
+template <typename T>
+struct store_3 {
+    T* p = nullptr;
+    int stride = 0;
+    int n = 0;  ///< rows; asked for by the magnetic sums alone
+};
+
+// The stores of a kernel, and the place of an element:
+//
+//     w    a sine and a cosine for each group and reflection: p[(stride * group + reflection) * 2]
+//     t    a real factor for each group and reflection:       p[stride * group + reflection]
+//     out  a row of results for each reflection:              p[stride * reflection]
+//
+// Element 0 of a row of `out` takes the cosine part, element 1 the sine part.
+using number_store_3 = store_3<double>;
+
+// A kernel carries out one step for the first n reflections. `index` tells for each of them where
+// its translation sums stand in `sums`; `row` is the group.
+using rotate_kernel_3 = void (*)(const number_store_3& w, const int_list_3& index,
+                                 const sum_list_3& sums, int row, int n);
+using rotate_t_kernel_3 = void (*)(const number_store_3& w, const int_list_3& index,
+                                   const sum_list_3& sums, int row, int n, const number_store_3& t);
+using out_kernel_3 = void (*)(const number_store_3& out, const number_store_3& w,
+                              const int_list_3& index, const sum_list_3& sums, int row, int n);
+using out_t_kernel_3 = void (*)(const number_store_3& out, const number_store_3& w,
+                                const int_list_3& index, const sum_list_3& sums, int row, int n,
+                                const number_store_3& t);
+
+/// The kernel for the first contribution to `out`, which stores, and the one for the next, which
+/// adds.
+template <typename Kernel>
+struct kernel_pair_3 {
+    Kernel first;
+    Kernel next;
+};
+
+/// How a group of magnetic operators scatters for one direction of the moment: the vector of the
+/// real part in 0 to 2, that of the imaginary part in 3 to 5.
+struct moment_3 {
+    double m[6];
+};
+
+/// The weights of an operator in the real and in the imaginary part of a moment.
+struct mag_weight_3 {
+    double first;
+    double second;
+};
+
+class B_sum_into_mag_3;
+using moment_list_3 = list_0_3<moment_3>;
+using mag_entry_list_3 = list_0_3<const B_sum_into_mag_3*>;
