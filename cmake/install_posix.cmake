@@ -1,6 +1,5 @@
 # The tool, the library with its headers and its CMake package, the data files and the documents.
 
-include(GNUInstallDirs)
 include(CMakePackageConfigHelpers)
 set(package_dir "${CMAKE_INSTALL_LIBDIR}/cmake/lomar6")
 set(data_dir "${CMAKE_INSTALL_DATADIR}/lomar6")
