@@ -18,7 +18,7 @@ per operator with the columns bns_number, centring and operator (x,y,z,1 or x,y,
 of a cell. It stops at the first group whose operators the new table wouldn't give back.
 
 The check reads the two files as the library does, completes each group by its centring, and asks
-for what a group must be; it shares no code with the making.
+for what a group must be. It knows nothing of the tables that the files are made from.
 """
 
 import argparse
@@ -263,7 +263,7 @@ def faults_of_group(number, symbol, operators, name):
         faults.append("the letter of the symbol isn't the lattice")
     if len(group) != len(operators) * (1 + len(CENTRING[name[7]])):
         faults.append("an operator stands there twice, or a centring copy")
-    # Closed under a set of operators that gives all others is closed.
+    # The product with a centring copy is the copy of a product.
     if any(times(a, b) not in group for a, b in product(operators, group)):
         faults.append("not closed")
     if type_of(group) != kind:

@@ -1,3 +1,4 @@
+#include "library/magnetic_groups.h"
 #include "library/sum_into_mag_3.h"
 #include "reflections/sg_phase_sum_3.h"
 
@@ -7,8 +8,7 @@ namespace {
 // length of one Bohr magneton, in 1e-12 cm.
 constexpr double scale_of_weights = 0.2695;
 
-constexpr double degree = 0.017453292519943278;
-constexpr int both_signs = 2;
+constexpr double degree_of_translation = 0.017453292519943278;
 
 void sort_with_kinds(const xyz_list_3& ops, int_list_3& members, int_list_3& kinds,
                      xyz_list_3& sorted) {
@@ -77,7 +77,7 @@ void sg_phase_sum_3::collect_members(const magnetic_steps& magnetic, int_list_3&
         const int g = magnetic.entry_groups[e];
         for (int m = 0; m < entries[e].n; ++m) {
             const int member = entries[e][m];
-            if ((*ops)[member].tag == both_signs) continue;
+            if ((*ops)[member].tag == both_signs_3) continue;
             mag_members[g].add(member);
             mag_kinds[g].add(magnetic.member_kinds[e][m]);
             if (m == 0) ++counts[g];
@@ -142,6 +142,6 @@ void sg_phase_sum_3::vector_moments_3(const double v[3], moment_list_3& moments,
 void sg_phase_sum_3::add_group_translations_3(phase_list_3& phases) const {
     for (int g = 0; g < groups.n; ++g) {
         const xyz_op_3& op = (*ops)[groups[g][0]];
-        for (int i = 0; i < 3; ++i) phases[g].row[i] += op.trans(i) * degree;
+        for (int i = 0; i < 3; ++i) phases[g].row[i] += op.trans(i) * degree_of_translation;
     }
 }

@@ -7,7 +7,7 @@ namespace {
 
 // Sums that differ by less than this are the same: the phase table is good to 1e-14.
 constexpr double same_sum = 1e-11;
-constexpr double zero_sum = 1e-12;
+constexpr double vanishing_sum = 1e-12;
 
 bool is_same(double a, double b) { return std::abs(a - b) <= same_sum; }
 
@@ -17,7 +17,7 @@ bool is_same_record(const translation_sum_3& a, const translation_sum_3& b) {
 
 // Sums of cosines and sines that cancel shall be exactly zero, for the kernels leave out zeros.
 void clean(double& sum) {
-    if (std::abs(sum) < zero_sum) sum = 0.0;
+    if (std::abs(sum) < vanishing_sum) sum = 0.0;
 }
 
 int place_of(sum_list_3& records, const translation_sum_3& sum) {

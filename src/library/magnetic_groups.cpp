@@ -15,7 +15,6 @@
 namespace {
 
 constexpr char magnetic_file[] = "shubnikovgroups.txt";
-constexpr int both_signs = 2;
 
 string_3 magnetic_path() {
     string_3 path(data_dir());
@@ -63,7 +62,7 @@ int merge_signs(xyz_list_3& ops) {
         if (!is_opposite(ops[i].tag, ops[j].tag)) {
             (error_builder_3() << "Error in " << magnetic_file).fail();
         }
-        ops[i].tag = both_signs;
+        ops[i].tag = both_signs_3;
         merged[j] = 1;
         ++n_pairs;
         i = j;

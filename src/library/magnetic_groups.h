@@ -6,6 +6,9 @@
 // The operators of a group for programs that link the library: from its .sg file, or from the file
 // of magnetic space groups, where the tag of an operator is the sign of its time reversal.
 
+/// The tag of an operator that a list had with both signs of time reversal.
+inline constexpr int both_signs_3 = 2;
+
 /// Fills `ops` with the operators of the .sg file of a symbol, and `path` with that file's path.
 /// Generates a missing file in a child process, and says on the console what it does. Fails with
 /// " Error generating equivalent positions" when the child does; the list stays empty when the

@@ -9,11 +9,11 @@
 namespace {
 
 // A memo of more residues than this would cost more than it saves.
-constexpr std::int64_t most_residues = 1 << 17;
+constexpr std::int64_t most_known_residues = 1 << 17;
 
 // Up to so many factors are made even if they outnumber the phases; more are never made.
-constexpr std::int64_t least_factors = 1 << 12;
-constexpr std::int64_t most_factors = 1 << 22;
+constexpr std::int64_t least_phase_factors = 1 << 12;
+constexpr std::int64_t most_phase_factors = 1 << 22;
 
 // The sums repeat with the residues of the indices: the periods follow from the translations.
 void find_periods(const xyz_list_3& ops, int period[3]) {
@@ -56,7 +56,7 @@ void reflection_terms_3::set_up(const xyz_list_3& ops, const hkl_list& hkls, boo
     sum.select_kernels(n());
     const std::int64_t n_factors = std::int64_t{sum.rows.n} * (2 * largest_ + 1);
     const std::int64_t n_pairs = std::int64_t{sum.groups.n} * n();
-    by_factors_ = n_factors <= std::clamp(n_pairs, least_factors, most_factors);
+    by_factors_ = n_factors <= std::clamp(n_pairs, least_phase_factors, most_phase_factors);
 }
 
 void reflection_terms_3::find_runs(const hkl_list& hkls) {
@@ -80,7 +80,7 @@ void reflection_terms_3::record_all_sums() {
     find_periods(*sum.ops, period);
     const std::int64_t n_residues = std::int64_t{period[0]} * period[1] * period[2];
     int_list_3 known;
-    if (n_residues <= most_residues) {
+    if (n_residues <= most_known_residues) {
         known.set_n(static_cast<int>(n_residues));
         known.fill(not_found);
     }

@@ -21,10 +21,10 @@ int rotated(const xyz_op_3& op, int row, const triple_3& v) {
 
 // Appends the powers of g applied to the normalised x.
 int close_cycle(const xyz_op_3& g, xyz_op_3 x, xyz_list_3& ops) {
-    constexpr int most_products = 14;
+    constexpr int most_cycle_products = 14;
     normalise(x);
     xyz_op_3 product = x;
-    for (int i = 0; i < most_products; ++i) {
+    for (int i = 0; i < most_cycle_products; ++i) {
         compose(product, g);
         normalise(product);
         ops.add(product);

@@ -116,5 +116,6 @@ private:
     void collect_members(const magnetic_steps& magnetic, int_list_3& counts);
     void weigh_members(int g, int count);
     template <typename Column>
-    void find_moments(Column column, moment_list_3& moments, mag_entry_list_3& moment_entries) const;
+    void find_moments(Column column, moment_list_3& moments,
+                      mag_entry_list_3& moment_entries) const;
 };
