@@ -1,0 +1,339 @@
+#include <algorithm>
+#include <gtest/gtest.h>
+#include <random>
+#include <string>
+#include <vector>
+
+#include "foundation/ctr_3.h"
+#include "foundation/heap_watch.h"
+#include "foundation/string_3.h"
+
+namespace {
+
+using ints_0 = list_0_3<int>;
+using ints_n1 = list_n1_3<int>;
+using numbers = std::vector<int>;
+
+// An element that is constructed, with nothing to destroy.
+struct marked {
+    int value, mark;
+    marked() noexcept : mark(1) {}
+    bool operator==(const marked& other) const = default;
+};
+
+// Elements of every form are made from a number, so that a list of them can be compared with a
+// std::vector of the numbers.
+void make(int number, int& element) { element = number; }
+void make(int number, marked& element) { element.value = number; }
+void make(int number, string_3& element) {
+    const auto length = static_cast<std::size_t>(number % 90);
+    element = (std::string(length, 's') + std::to_string(number)).c_str();
+}
+
+template <typename T, typename B>
+void make(int number, ctr_obj_3<T, B>& element) {
+    element.clear();
+    for (int i = 0; i < 1 + number % 20; ++i) make(number + i, element.add());
+}
+
+template <typename T>
+T made(int number) {
+    T element;
+    make(number, element);
+    return element;
+}
+
+template <typename List>
+List list_of(const numbers& model, [[maybe_unused]] int base = 0) {
+    List list;
+    for (const int number : model) make(number, list.add());
+    if constexpr (List::has_base) list.set_base(base);
+    return list;
+}
+
+template <typename List>
+void expect_holds(const List& list, const numbers& model) {
+    ASSERT_EQ(list.n, static_cast<int>(model.size()));
+    ASSERT_LE(list.n, list.n_max);
+    int i = list.first();
+    for (const int number : model) {
+        ASSERT_TRUE(element_equal(list[i++], made<typename List::value_type>(number))) << i;
+    }
+}
+
+TEST(Containers, CapacityAndCount) {
+    const struct {
+        const char* name;
+        int n_max, n;
+        bool same_block;
+        void (*run)(ints_0& list, const ints_0& three);
+    } rows[] = {
+        // each row starts from a list of nine elements and room for 16
+        {"set_n(0)", 16, 0, true, [](ints_0& a, const ints_0&) { a.set_n(0); }},
+        {"set_n(17)", 17, 17, false, [](ints_0& a, const ints_0&) { a.set_n(17); }},
+        {"discard 31", 31, 31, false, [](ints_0& a, const ints_0&) { a.set_n_discard(31); }},
+        {"new_n(5)", 5, 5, false, [](ints_0& a, const ints_0&) { a.new_n(5); }},
+        {"zero 12", 12, 12, false, [](ints_0& a, const ints_0&) { a.new_n_zero(12); }},
+        {"clear", 0, 0, false, [](ints_0& a, const ints_0&) { a.clear(); }},
+        {"set_max_n(16)", 16, 9, true, [](ints_0& a, const ints_0&) { a.set_max_n(16, false); }},
+        {"set_max_n(0)", 0, 0, false, [](ints_0& a, const ints_0&) { a.set_max_n(0, true); }},
+        {"add_n(7)", 16, 16, true, [](ints_0& a, const ints_0&) { a.add_n(7); }},
+        {"add_n(8)", 34, 17, false, [](ints_0& a, const ints_0&) { a.add_n(8); }},
+        {"append 3", 16, 12, true, [](ints_0& a, const ints_0& b) { a.append(b); }},
+        {"append itself", 18, 18, false, [](ints_0& a, const ints_0&) { a.append(a); }},
+        {"like 3", 3, 3, false, [](ints_0& a, const ints_0& b) { a.set_like(b); }},
+        {"assign 3", 3, 3, false, [](ints_0& a, const ints_0& b) { a.assign(b); }},
+        {"assign 9", 16, 9, true, [](ints_0& a, const ints_0&) { a.assign(ints_0(a)); }},
+        {"assign none", 0, 0, false, [](ints_0& a, const ints_0&) { a.assign(ints_0()); }}};
+    for (const auto& row : rows) {
+        SCOPED_TRACE(row.name);
+        ints_0 list = list_of<ints_0>({0, 1, 2, 3, 4, 5, 6, 7, 8});
+        list.set_max_n(16, true);
+        const int* block = list.p;
+        row.run(list, list_of<ints_0>({5, 6, 7}));
+        EXPECT_EQ(list.n_max, row.n_max);
+        EXPECT_EQ(list.n, row.n);
+        EXPECT_EQ(list.n_max != 0 && list.p == block, row.same_block);
+    }
+    ints_0 grown;
+    for (int i = 1; i <= 33; ++i) {
+        grown.add(i);
+        EXPECT_EQ(grown.n_max, i <= 8 ? 8 : i <= 16 ? 16 : i <= 32 ? 32 : 64) << i;
+    }
+    EXPECT_THROW(n_added_3<int>::grown(1 << 30), std::bad_alloc);
+    EXPECT_THROW(n_added_3<int>::added(1, 2147483647), std::bad_alloc);
+}
+
+TEST(Containers, PlainElementsAreKeptByCapacity) {
+    ints_0 list = list_of<ints_0>({10, 11, 12, 13, 14, 15, 16, 17});
+    list.set_n(2);
+    list.set_max_n(20, true);
+    list.set_n(8);
+    expect_holds(list, {10, 11, 12, 13, 14, 15, 16, 17});
+    list.set_max_n(3, true);
+    list.set_n(3);
+    expect_holds(list, {10, 11, 12});
+    list.new_n_zero(4);
+    expect_holds(list, {0, 0, 0, 0});
+}
+
+TEST(Containers, OffsetIndices) {
+    ints_n1 list = list_of<ints_n1>({-10, 0, 10}, -1);
+    const int* address = &list[-1];
+    list.set_base(1);
+    EXPECT_EQ(&list[1], address);
+    EXPECT_EQ(list.last(), 3);
+    ints_n1 other;
+    other.set_like_base(list);
+    EXPECT_EQ(other.base, 1);
+    other.set_like(list);
+    EXPECT_EQ(other.base, 0);
+    other.assign(list);  // as many elements
+    EXPECT_EQ(other.base, 1);
+    other.assign(list_of<ints_n1>({4, 5}, 7));
+    EXPECT_EQ(other.base, 7);
+    list.new_n(2);
+    EXPECT_EQ(list.base, 0);
+}
+
+TEST(Containers, OverlapGoesByIndex) {
+    auto copied = list_of<list_n1_3<string_3>>({0, 1, 2, 3, 4});
+    auto moved = copied;
+    auto from = list_of<list_n1_3<string_3>>({5, 6, 7}, 3);
+    copied.copy_overlap(from);
+    expect_holds(copied, {0, 1, 2, 5, 6});
+    moved.move_overlap(from);
+    expect_holds(moved, {0, 1, 2, 5, 6});
+    EXPECT_TRUE(from[4].is_empty());
+    EXPECT_FALSE(from[5].is_empty());
+    from.set_base(5);
+    copied.copy_overlap(from);
+    expect_holds(copied, {0, 1, 2, 5, 6});
+}
+
+struct logged {
+    static inline numbers log;  // n when element n is built, -n when it is destroyed
+    int id = static_cast<int>(log.size()) + 1;
+    logged() noexcept { log.push_back(id); }
+    ~logged() { log.push_back(-id); }
+    void take(logged&) {}
+};
+
+TEST(Containers, ElementsLiveWithTheCapacity) {
+    {
+        list_0_3<logged> list;
+        list.set_max_n(3, false);
+        list.set_n(1);
+        list.set_max_n(2, true);
+    }
+    EXPECT_EQ(logged::log, (numbers{1, 2, 3, 4, 5, -3, -2, -1, -5, -4}));
+}
+
+template <typename List>
+void expect_blocks_handed_over() {
+    List list = list_of<List>({70, 71, 72, 73, 74, 75, 76, 77}, 2);
+    const auto blocks = [&] {
+        std::vector<const void*> all;
+        for (const auto& element : list) {
+            if constexpr (requires { element.data; }) {
+                all.push_back(element.data);
+            } else {
+                all.push_back(element.block());
+            }
+        }
+        return all;
+    };
+    auto expected = blocks();
+    EXPECT_TRUE(survives(2, [&] { list.add(); }));  // one request: the block of the list
+    list.set_max_n(6, true);
+    list.set_n(6);
+    list.remove_at(list.first() + 1);
+    list.remove_flagged(list_of<ints_n1>({1, 0, -1, 0, 0}, list.first()));
+    list.insert_at(list[list.first()], list.first());
+    list.remove_at(list.first());
+    EXPECT_EQ(blocks(), (std::vector{expected[2], expected[4], expected[5]}));
+}
+
+TEST(Containers, ListsOfListsMoveNoInnerBlock) {
+    expect_blocks_handed_over<list_0_3<string_3>>();
+    expect_blocks_handed_over<list_n1_3<string_3>>();
+    expect_blocks_handed_over<list_0_3<ints_n1>>();
+    expect_blocks_handed_over<list_n1_3<list_0_3<ints_0>>>();
+}
+
+TEST(Containers, Comparing) {
+    const numbers ascending[] = {{}, {1}, {7}, {1, 9}, {2, 1}, {2, 3}, {0, 0, 0}};
+    for (const numbers& a : ascending) {
+        for (const numbers& b : ascending) {
+            SCOPED_TRACE(testing::PrintToString(a) + " " + testing::PrintToString(b));
+            ints_n1 list = list_of<ints_n1>(a, 5);
+            list.set_max_n(30, true);
+            EXPECT_EQ(list.equal(list_of<ints_n1>(b)), &a == &b);
+            EXPECT_EQ(list.less(list_of<ints_n1>(b)), &a < &b);
+        }
+    }
+    vec_3<double, double, ctr_base_n1_3<double, double, mem_copy_3<double, double>>> v, w;
+    for (const double x : {0.5, 1.0, 2.0, 4.0}) v.add(x);
+    v.set_base(-2);
+    EXPECT_EQ(v.sum(), 7.5);
+    EXPECT_EQ(v.sum(-1, 0), 3.0);
+    w = v;
+    v.fill(0.0);
+    w.fill(-0.0);
+    EXPECT_FALSE(v.equal(w));  // plain elements are equal by their bytes
+}
+
+// A binary input over words in memory.
+struct word_source {
+    numbers words;
+    std::size_t at = 0;
+    int read_int() { return words[at++]; }
+    void read_bytes(void* to, std::size_t size) {
+        std::memcpy(to, words.data() + at, std::min(size, (words.size() - at) * sizeof(int)));
+    }
+};
+
+TEST(Containers, BinaryForm) {
+    const numbers rows[] = {{2, -1, 7, 8, 9}, {3, 4, 7}, {0, 4, 7}};  // count, base, elements
+    const numbers results[] = {{7, 8}, {7, 0, 0}, {}};
+    for (const int i : {0, 1, 2}) {
+        SCOPED_TRACE(i);
+        ints_n1 offset = list_of<ints_n1>({1, 2}, 9);
+        ints_0 plain = list_of<ints_0>({1, 2});
+        word_source from{rows[i]}, again{rows[i]};
+        offset.read_binary(from);
+        plain.read_binary(again);
+        EXPECT_EQ(offset.base, i == 2 ? 0 : rows[i][1]);
+        EXPECT_EQ(offset.n_max, offset.n);
+        expect_holds(offset, results[i]);
+        expect_holds(plain, results[i]);
+    }
+}
+
+// Random operations on a list and on a std::vector. What is added comes from the list itself where
+// it can; each operation is first tried with a request that fails, which must change nothing.
+template <typename List>
+void follow_vector(unsigned seed) {
+    using element = typename List::value_type;
+    std::mt19937 random(seed);
+    List list;
+    numbers model;
+    for (unsigned step = 0; step < 1500; ++step) {
+        const auto place = static_cast<std::ptrdiff_t>(random() % (model.size() + 1));
+        const auto here = model.begin() + place;
+        const int index = list.first() + static_cast<int>(place);
+        const bool inside = here != model.end();
+        const int number = inside ? *here : static_cast<int>(random() % 1000);
+        const element fresh = made<element>(number);
+        const element& value = inside ? list[index] : fresh;
+        const auto change = [&](auto operation) {
+            if (survives(1 + random() % 3, operation)) return;
+            expect_holds(list, model);
+            operation();
+        };
+        const auto kind = random() % 15;
+        SCOPED_TRACE(testing::PrintToString(std::vector<std::size_t>{seed, step, kind}));
+        if (model.size() > 60) {
+            list.clear();
+            model.clear();
+        } else if (kind < 4) {
+            change([&] { list.add(value); });
+            model.push_back(number);
+        } else if (kind < 7) {
+            change([&] { list.insert_at(value, index); });
+            model.insert(here, number);
+        } else if (kind < 9 && inside) {
+            list.remove_at(index);
+            model.erase(here);
+        } else if (kind == 9) {
+            change([&] { list.append(list); });
+            model.resize(2 * model.size());
+            std::copy_n(model.begin(), model.size() / 2, model.begin() + list.n / 2);
+        } else if (kind == 10) {
+            change([&] { list.set_max_n(list.n + static_cast<int>(place), true); });
+        } else if (kind == 11) {
+            ints_n1 flags = list_of<ints_n1>(model, list.first());
+            for (int& flag : flags) flag %= 4;
+            list.remove_flagged(flags);
+            std::erase_if(model, [](int m) { return m % 4 != 0; });
+        } else if (kind == 12) {
+            List part;
+            part.append(list);
+            part.set_n(static_cast<int>(place));
+            change([&] { list.assign(part); });
+            model.resize(static_cast<std::size_t>(place));
+        } else if (kind == 13) {
+            change([&] { list = List(list); });
+        } else if constexpr (List::has_base) {
+            list.set_base(number % 9 - 4);
+        }
+        expect_holds(list, model);
+        const auto found = std::find(model.begin(), model.end(), number) - model.begin();
+        ASSERT_EQ(list.find(fresh), found == list.n ? not_found : list.first() + found);
+        if (testing::Test::HasFailure()) return;
+    }
+}
+
+template <typename List>
+void follow_vectors() {
+    for (unsigned seed = 1; seed <= 3; ++seed) {
+        auto before = free_blocks();
+        for (int run = 0; run < 3; ++run) {  // the last needs no more blocks than the second
+            before = free_blocks();
+            follow_vector<List>(seed);
+        }
+        EXPECT_EQ(free_blocks(), before) << "seed " << seed;
+    }
+}
+
+TEST(Containers, FollowVectorsAndSurviveFailures) {
+    follow_vectors<ints_0>();
+    follow_vectors<ints_n1>();
+    follow_vectors<list_0_3<marked>>();
+    follow_vectors<list_0_3<string_3>>();
+    follow_vectors<list_n1_3<string_3>>();
+    follow_vectors<list_0_3<ints_n1>>();
+    follow_vectors<list_n1_3<list_0_3<string_3>>>();
+}
+
+}  // namespace
