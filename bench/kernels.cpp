@@ -142,8 +142,7 @@ FOR_GROUPS(with_set_up);
 FOR_GROUPS(folded);
 FOR_GROUPS(direct);
 
-// 1000 columns of the kernel of a case that adds to `out`, or rotates `w`. The floating-point
-// operations of a column are counted to hold the time against the machine's peak.
+// 1000 columns of the kernel of a case that adds to `out`, or rotates `w`.
 struct columns {
     static constexpr int n = 1000;
     explicit columns(bool per_column) {

@@ -46,7 +46,7 @@ struct kind_of_atom {
 ///     atom KIND x y z occupancy B
 ///     moment KIND x y z occupancy B mx my mz      along the axes, in Bohr magnetons
 struct crystal {
-    cell unit_cell;
+    cell unit_cell = {};
     list_0_3<kind_of_atom> kinds;
     list_0_3<sf_atom_3> atoms;
     list_0_3<mag_atom_3> moments;
@@ -68,6 +68,9 @@ struct crystal {
             } else {
                 fail_with("Unknown word in the file of atoms");
             }
+        }
+        for (const double edge : unit_cell.edges) {
+            if (!(edge > 0)) fail_with("No cell in the file of atoms");
         }
     }
 

@@ -44,7 +44,7 @@ void sg_file_names_3::set_symbol(const char* text) {
 
 void sg_file_names_3::set_out_dir(const char* text) {
     out_dir_ = text;
-    if (platform_is_separator(*out_dir_.last())) *out_dir_.last() = 0;
+    if (*out_dir_.last() == platform_separator) *out_dir_.last() = 0;
 }
 
 bool sg_file_names_3::is_valid() { return !lower_symbol().is_empty(); }

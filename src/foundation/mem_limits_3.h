@@ -18,7 +18,8 @@ public:
     /// the process on. Two numbers count in the file, and a missing one is 0: a first above 0 is
     /// the limit in GiB; one below 0 is what is to stay free of the physical memory; with a first
     /// of 0 the second is a fraction of the physical memory. Does nothing if a limit is set
-    /// already. Fails as any file that can't be opened. (library/max_mem_file.cpp)
+    /// already. From then on this object counts all requests, and must not end before the heap.
+    /// Fails as any file that can't be opened. (library/max_mem_file.cpp)
     void read_max_mem();
 
     /// Counts a request. If it completes the next GiB and the process uses more than the limit, a

@@ -54,13 +54,19 @@ bool platform_working_set(std::uint64_t& bytes) {
     return fields == 1;
 }
 
+// A command that isn't waited for is started by a shell that ends at once, so that the system
+// collects it and not this process.
 bool platform_start(const char* command, bool wait, bool) {
     string_3 shell("/bin/sh");
     string_3 option("-c");
     string_3 line(command);
+    if (!wait) {
+        line.prepend("(\n");
+        line.append("\n) &");
+    }
     char* const arguments[] = {shell.data, option.data, line.data, nullptr};
     pid_t child = 0;
     if (posix_spawn(&child, shell.data, nullptr, nullptr, arguments, environ) != 0) return false;
-    while (wait && waitpid(child, nullptr, 0) == -1 && errno == EINTR) {}
+    while (waitpid(child, nullptr, 0) == -1 && errno == EINTR) {}
     return true;
 }

@@ -57,7 +57,7 @@ public:
     bool is_empty() const { return data[0] == 0; }
     /// Empties the text and keeps the buffer.
     void clear() { data[0] = 0; }
-    /// The address of the last character, or of the first byte if the text is empty.
+    /// Where the last character stands; for an empty text that is its NUL.
     char* last();
 
     /// Lower case in place, for A to Z.

@@ -22,7 +22,7 @@ public:
     string_out& operator<<(int value) { return *this << number_text(value); }
     string_out& operator<<(char_range_3 range) { return append_text(range.begin, range.length()); }
 
-    /// Appends another text; the capacity rises to the exact new size if that is needed.
+    /// Appends another text; a buffer that is too small grows to just what is needed.
     void add(const string_out& other);
     /// Appends a blank, unless the text is empty or ends in one.
     void separate();

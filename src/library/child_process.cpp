@@ -52,6 +52,17 @@ int args_err_3::run() {
     return remove_file(error_file_path().text()) == 0;
 }
 
+int run_generation(sg_file_names_3& names) {
+    constexpr char_set_3 symbol_characters("abcdefghijklmnopqrstuvwxyz0123456789/:-");
+    for (const char* c = names.lower_symbol().data; *c != 0; ++c) {
+        if (!symbol_characters.contains(*c)) return 0;
+    }
+    args_err_3 command;
+    static_cast<string_out&>(command) << names.run_command();
+    command.add_error_option();
+    return command.run();
+}
+
 void set_command_runner(command_runner_3* runner) { command_runner = runner; }
 
 void run_command_line(const char* command) {
@@ -99,8 +110,5 @@ void set_current_dir(const char* path) {
 void sg_file_names_3::generate_in_child() {
     if (sg_file_exists()) return;
     console_stream() << "Generating " << sg_path() << '\n';
-    args_err_3 command;
-    static_cast<string_out&>(command) << run_command();
-    command.add_error_option();
-    if (!command.run()) (error_builder_3() << "Error running" << run_command()).fail();
+    if (!run_generation(*this)) (error_builder_3() << "Error running" << run_command()).fail();
 }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "driver/sg_file_names_3.h"
 #include "foundation/string_out.h"
 
 // Running another program, and learning whether it failed by a marker file: the child is told the
@@ -24,6 +25,11 @@ public:
     /// Runs the line; 1 if no error file has appeared, else 0, and the error file is gone.
     int run();
 };
+
+/// Generates the .sg file of a group by its run_command, with the error option; 1 if no error file
+/// has appeared, else 0. A symbol with characters that no symbol has, which the command interpreter
+/// might take for its own, isn't run and gives 0.
+int run_generation(sg_file_names_3& names);
 
 /// Runs command lines in the place of the standard library's `system`.
 class command_runner_3 {

@@ -102,7 +102,8 @@ void sg_phase_sum_3::find_moments(Column column, moment_list_3& moments,
     moment_entries.new_n(groups.n);
     bool stored = false;
     for (int g = 0; g < groups.n; ++g) {
-        for (int m = 0; m < mag_members[g].n; ++m) {
+        const int n_members = g < mag_members.n ? mag_members[g].n : 0;
+        for (int m = 0; m < n_members; ++m) {
             const xyz_op_3& op = (*ops)[mag_members[g][m]];
             const mag_weight_3& weight = mag_weights[g][m];
             for (int i = 0; i < 3; ++i) {
@@ -111,7 +112,7 @@ void sg_phase_sum_3::find_moments(Column column, moment_list_3& moments,
             }
         }
         moment_entries[g] = mask_of(moments[g]).entry;
-        if (stored || mag_members[g].n == 0) continue;
+        if (stored || n_members == 0) continue;
         moment_entries[g] = moment_entries[g]->twin;
         stored = true;
     }

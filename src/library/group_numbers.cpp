@@ -90,12 +90,7 @@ int load_space_group(sg_catalogue_entry_3& entry, const char* symbol) {
     sg_file_names_3 names;
     names.set_symbol(symbol);
     if (!names.is_valid()) return space_group_invalid;
-    if (!names.sg_file_exists()) {
-        args_err_3 command;
-        static_cast<string_out&>(command) << names.run_command();
-        command.add_error_option();
-        if (!command.run()) return space_group_not_generated;
-    }
+    if (!names.sg_file_exists() && !run_generation(names)) return space_group_not_generated;
     file_in file(names.sg_path(), file_in::data_file);
     sg_catalogue_entry_3 loaded;
     loaded.read_record(file);

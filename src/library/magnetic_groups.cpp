@@ -22,8 +22,12 @@ string_3 magnetic_path() {
     return path;
 }
 
+// Passes lines that aren't blank; a comment is.
 void skip_lines(sstring_in& in, int n) {
-    for (; n > 0 && in.at_end() == 0; --n) in.skip_line();
+    for (; n > 0 && in.at_end() == 0; --n) {
+        in.skip_white();
+        in.skip_line();
+    }
 }
 
 // Appends the operators of the record; a file without it leaves the list as it was.
@@ -73,10 +77,7 @@ int merge_signs(xyz_list_3& ops) {
 
 void generate_missing_sg(sg_file_names_3& names, const char* symbol) {
     console_stream() << "Generating xyz's for " << symbol << '\n';
-    args_err_3 command;
-    static_cast<string_out&>(command) << names.run_command();
-    command.add_error_option();
-    if (command.run() == 0) fail_with("Error generating equivalent positions");
+    if (run_generation(names) == 0) fail_with("Error generating equivalent positions");
 }
 
 }  // namespace
@@ -98,11 +99,12 @@ void load_group_xyzs_3(xyz_list_3& ops, string_3& path, const char* symbol) {
 
 void load_magnetic_group_3(xyz_list_3& ops, const char* key, string_3& name) {
     const string_3 path = magnetic_path();
+    const int n_before = ops.n;
     {
         file_in file(path, file_in::data_file);
         read_magnetic_record(file, key, ops, name);
     }
-    if (ops.n == 0) {
+    if (ops.n == n_before) {
         (error_builder_3() << "Cannot find magnetic space group" << key << "in file" << path)
             .fail();
     }

@@ -25,7 +25,8 @@ struct mag_factor_3 {
 /// signs (tag 2) contributes nothing.
 class magnetic_structure_factors_3 {
 public:
-    /// `ops` is the whole group, centring copies included, and must outlive the object.
+    /// `ops` is the whole group, each operator once, centring copies included, and must outlive the
+    /// object.
     void set_up(const xyz_list_3& ops, const list_0_3<triple_3>& hkls);
 
     /// One vector for each reflection, in `result`. The lists of `table` that atoms ask for must be

@@ -13,6 +13,8 @@ namespace {
 constexpr double gib_size = 1073741824.0;
 constexpr double physical_gb_unless_known = 4.0;
 
+mem_limits_3* counted = nullptr;  // the object that counts the requests
+
 // What is no number counts as 0.
 double read_limit_number(file_in& file) {
     const double value = file.read_double();
@@ -52,5 +54,6 @@ void mem_limits_3::read_max_mem() {
     limit_bytes = whole_bytes(max_gb * gib_size);
     slot_threshold = 0x40000000;
     total_threshold = 0x20000000;
-    the_heap().before_alloc = [](std::size_t size) { the_mem_limits().check_memory(size); };
+    counted = this;
+    the_heap().before_alloc = [](std::size_t size) { counted->check_memory(size); };
 }

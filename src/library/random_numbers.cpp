@@ -70,8 +70,8 @@ constexpr double fine_step = 9.313794206365304e-10;  // 1/32767^2
 
 // The upper bits of rand().
 int rand_15() {
-    constexpr int surplus = RAND_MAX / (largest_rand + 1) + (RAND_MAX == largest_rand);
-    return std::min(std::rand() / surplus, largest_rand);
+    constexpr long long surplus = (RAND_MAX + 1LL) / (largest_rand + 1);
+    return static_cast<int>(std::rand() / surplus);
 }
 
 // Two full numbers would add up to the end of the range, which is no member of it.

@@ -6,8 +6,8 @@
 
 /// The next number of the portable generator, above 0 and at most 0.99999988: the minimal standard
 /// generator of Park and Miller behind a shuffle table of 32 entries, which all callers share. The
-/// caller owns the seed and only starts with it: 0 or less starts a sequence anew, as the first
-/// call of the process does. A sequence started with -n is that of n.
+/// caller owns the seed, which each call changes. A seed of 0 or less starts the sequence of its
+/// size anew; so does the first call of the process, for which a positive seed counts as 1.
 double shuffle_random(int& seed);
 
 /// A deviate that a caller may keep for later; -9999 when there is none.

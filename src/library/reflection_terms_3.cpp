@@ -19,7 +19,7 @@ constexpr std::int64_t most_phase_factors = 1 << 22;
 void find_periods(const xyz_list_3& ops, int period[3]) {
     for (int i = 0; i < 3; ++i) {
         int step = xyz_op_3::edge;
-        for (const xyz_op_3& op : ops) step = std::gcd(step, op.trans(i));
+        for (const xyz_op_3& op : ops) step = std::gcd(step, normalised_translation(op.trans(i)));
         period[i] = xyz_op_3::edge / step;
     }
 }

@@ -12,6 +12,10 @@ class reflection_terms_3 {
 public:
     using hkl_list = list_0_3<triple_3>;
 
+    reflection_terms_3() = default;
+    reflection_terms_3(const reflection_terms_3&) = delete;
+    reflection_terms_3& operator=(const reflection_terms_3&) = delete;
+
     /// `ops` must outlive the object, and hold centring copies too. With `magnetic` their tags
     /// carry signs.
     void set_up(const xyz_list_3& ops, const hkl_list& hkls, bool magnetic);

@@ -60,12 +60,13 @@ void hkl_generator_3::mark_orbit(int h, int k, int l) {
 }
 
 bool hkl_generator_3::is_marked(int h, int k, int l) const {
+    if (seen_.n == 0) return false;
     const int index[3] = {h, k, l};
     for (int i = 0; i < 3; ++i) {
         if (std::abs(std::int64_t{index[i]}) > half_width_[i]) return false;
     }
     const std::int64_t cell = cell_of(h, k, l);
-    return cell >> 6 < seen_.n && (seen_[static_cast<int>(cell >> 6)] >> (cell & 63) & 1) != 0;
+    return (seen_[static_cast<int>(cell >> 6)] >> (cell & 63) & 1) != 0;
 }
 
 void mark_present(hkl_generator_3& first, hkl_generator_3& second, int mode, const char* sg_path,

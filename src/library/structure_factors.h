@@ -41,7 +41,8 @@ struct scattering_table_3 {
 /// sum goes with atoms, groups of equal rotation and reflections.
 class structure_factors_3 {
 public:
-    /// `ops` is the whole group, centring copies included, and must outlive the object.
+    /// `ops` is the whole group, each operator once, centring copies included, and must outlive the
+    /// object.
     void set_up(const xyz_list_3& ops, const list_0_3<triple_3>& hkls);
 
     /// One structure factor for each reflection, in `result`. The lists of `table` that atoms ask

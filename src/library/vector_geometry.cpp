@@ -86,9 +86,13 @@ void write_vector(const double v[3], stream_out& stream) {
 }
 
 double cos_between(const double a[3], const double b[3]) {
-    const double squared = length_squared(a) * length_squared(b);
+    const double aa = length_squared(a);
+    const double bb = length_squared(b);
+    const double squared = aa * bb;
     if (squared < shortest_squared) throw xyz_bad_angle_3();
-    return dot_product(a, b) / std::sqrt(squared);
+    // The root of the product is exact for a vector with itself, but it may be too large.
+    const double lengths = std::isinf(squared) ? std::sqrt(aa) * std::sqrt(bb) : std::sqrt(squared);
+    return dot_product(a, b) / lengths;
 }
 
 double angle_between(const double a[3], const double b[3]) {

@@ -70,6 +70,7 @@ void hkl_generator_3::size_grid(const triple_3& limits) {
     constexpr std::int64_t largest_index = 1 << 30;
     constexpr std::int64_t most_words = heap_3::largest_request / sizeof(std::uint64_t);
     std::int64_t lengths[3];
+    seen_.clear();  // no grid, should this fail
     for (int row = 0; row < 3; ++row) {
         half_width_[row] = 0;
         for (const xyz_list_3& list : classes) {

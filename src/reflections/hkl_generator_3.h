@@ -36,7 +36,8 @@ public:
                               const triple_3& limits, row_list_3& rows, int_list_3& status);
     /// Marks the equivalents of a reflection in the grid that the call before left behind.
     void mark_orbit(int h, int k, int l);
-    /// Whether a reflection is marked; what lies outside the grid isn't, and 0, 0, 0 always is.
+    /// Whether a reflection is marked; what lies outside the grid isn't, and 0, 0, 0 is
+    /// as soon as there is a grid.
     bool is_marked(int h, int k, int l) const;
     friend void mark_present(hkl_generator_3& first, hkl_generator_3& second, int mode,
                              const char* sg_path, const xyz_list_3& ops, const triple_3& limits);

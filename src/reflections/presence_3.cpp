@@ -45,6 +45,7 @@ void presence_3::set_up(const sg_phase_sum_3& sum, const phase_list_3& phases, i
     residues_.fill({not_found, false});
     largest_ = largest_index;
     factors_.clear();
+    sums_.clear();
 }
 
 void presence_3::make_factors(int largest_index) {

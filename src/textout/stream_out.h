@@ -15,8 +15,8 @@ using vector_1_3 = list_n1_3<char>;
 using vector_string_3 = list_n1_3<string_3>;
 
 /// The output of the system. Every value becomes a text in the one format of its type and goes to
-/// `<<` (text), so that a concrete stream need only take characters and texts. A stream that
-/// overrides nothing swallows everything. Nothing reports a failure: a full disk ends in a short
+/// `<<` (text), so that a concrete stream need only take characters and texts. One that
+/// overrides nothing drops what it is given. Nothing reports a failure: a full disk ends in a short
 /// file.
 class stream_out {
 public:
