@@ -20,7 +20,6 @@ const struct {
 
 TEST(Allocators, SizesAndItemsInOrder) {
     ASSERT_EQ(the_allocators().n, 19);
-    EXPECT_EQ(the_allocators().n_max, 19);
     for (int i = 0; i < 19; ++i) {
         SCOPED_TRACE(i);
         const auto& row = table[i];
@@ -34,19 +33,14 @@ TEST(Allocators, SizesAndItemsInOrder) {
             items.push_back(a.allocate());
             ASSERT_EQ(items.back(), a.chunks[0]->storage + k * row.item_size);
         }
-        EXPECT_EQ(items.back(), a.chunks[0]->storage + a.last_offset);
         EXPECT_FALSE(heap_3::must_move(items[0], static_cast<std::size_t>(row.block_size) - 8));
-        EXPECT_EQ(a.free_chunks.n, 0);
         a.release(items[64]);
-        EXPECT_EQ(a.chunks[0]->bitmap[0], ~std::uint64_t{0});
         EXPECT_EQ(a.chunks[0]->bitmap[1] & 1, 0U);
-        EXPECT_EQ(a.free_chunks.n, 1);
         EXPECT_EQ(a.allocate(), items[64]);
         items.push_back(a.allocate());
         EXPECT_EQ(a.chunks.n, 2);
         for (void* item : items) a.release(item);
-        EXPECT_EQ(a.chunks.n, 0);
-        EXPECT_EQ(a.free_chunks.n, 0);
+        EXPECT_EQ(a.chunks.n + a.free_chunks.n, 0);
     }
 }
 
@@ -56,37 +50,18 @@ int items_in_use(const allocator_4& a) {
     return total;
 }
 
-struct of_72 : pooled_3 {
-    char bytes[72];
-};
-
-struct of_76 : pooled_3 {
-    char bytes[76];
-};
-
 TEST(Allocators, SizesChooseTheAllocator) {
-    const struct {
-        int size, allocator;  // 0: the heap
-        std::size_t heap_request;
-    } rows[] = {{1, 1, 0},   {4, 1, 0},   {5, 2, 0},   {8, 2, 0},
-                {69, 18, 0}, {72, 18, 0}, {73, 0, 76}, {77, 0, 80}};
-    for (const auto& row : rows) {
-        SCOPED_TRACE(row.size);
-        const allocator_4& a = *the_allocators()[row.allocator];
+    const int rows[][2] = {{1, 1}, {4, 1}, {5, 2}, {72, 18}, {73, 0}};  // size, allocator or none
+    for (const auto& [size, number] : rows) {
+        SCOPED_TRACE(size);
+        const allocator_4& a = *the_allocators()[number];
         const int before = items_in_use(a);
-        const heap_watch watch;
-        void* item = pool_new(row.size);
-        EXPECT_EQ(items_in_use(a), before + (row.allocator == 0 ? 0 : 1));
-        EXPECT_TRUE(row.allocator != 0 || watch.requests == std::vector{row.heap_request});
-        pool_delete(item, row.size);
+        void* item = pool_new(size);
+        EXPECT_EQ(items_in_use(a), before + (number == 0 ? 0 : 1));
+        pool_delete(item, size);
         EXPECT_EQ(items_in_use(a), before);
     }
-    pool_delete(nullptr, 0);
     EXPECT_THROW(pool_new(std::numeric_limits<int>::max()), std::bad_alloc);
-    const of_72* first = new of_72;
-    EXPECT_TRUE(survives(1, [] { delete new of_72; }));  // from the same chunk
-    delete first;
-    EXPECT_FALSE(survives(1, [] { delete new of_76; }));
 }
 
 TEST(Allocators, RandomUseKeepsChunksSound) {

@@ -4,45 +4,33 @@
 #include <cstddef>
 #include <cstdint>
 #include <new>
-#include <vector>
 
 #include "foundation/heap_3.h"
 
-/// Records the requests to the process's heap while it lives; request number `failing`, counted
-/// from 1, finds no memory.
-struct heap_watch {
-    static inline std::vector<std::size_t> requests;
-    static inline std::size_t fail_at = 0;
-
-    explicit heap_watch(std::size_t failing = 0) {
-        fail_at = failing;
-        requests.clear();
-        the_heap().before_alloc = [](std::size_t size) {
-            requests.push_back(size);
-            if (requests.size() == fail_at) throw std::bad_alloc();
-        };
-    }
-    ~heap_watch() { the_heap().before_alloc = nullptr; }
-};
-
-/// Whether `step` gets through while its request number `failing` finds no memory.
+/// Whether `step` gets through while its request number `failing` to the heap, counted from 1,
+/// finds no memory.
 template <typename Step>
 bool survives(std::size_t failing, Step step) {
-    const heap_watch watch(failing);
+    static std::size_t left;
+    left = failing;
+    the_heap().before_alloc = [](std::size_t) {
+        if (left-- == 1) throw std::bad_alloc();
+    };
+    bool complete = true;
     try {
         step();
     } catch (const std::bad_alloc&) {
-        return false;
+        complete = false;
     }
-    return true;
+    the_heap().before_alloc = nullptr;
+    return complete;
 }
 
-/// The number of free blocks in each bin. Work that was done before and leaves nothing behind
-/// leaves these numbers as they were.
+/// The number of free blocks in each bin: work that leaves nothing behind doesn't change them when
+/// it is done once more.
 inline auto free_blocks() {
     std::array<std::int64_t, heap_3::n_bins> counts{};
-    for (std::size_t i = 0; i < counts.size(); ++i)
-        counts[i] = the_heap().bin(static_cast<int>(i)).n;
+    for (int i = 0; std::int64_t & count : counts) count = the_heap().bin(i++).n;
     return counts;
 }
 

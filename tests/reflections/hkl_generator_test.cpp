@@ -1,7 +1,6 @@
 #include <algorithm>
 #include <array>
 #include <gtest/gtest.h>
-#include <optional>
 #include <string>
 #include <vector>
 
@@ -35,112 +34,83 @@ std::vector<row_array> rows_of_ops(const std::string& operators, const reflectio
     return rows_of("group.sg", limits);
 }
 
-// The definition: what the operators of a group make of a reflection.
-class reflection_orbit {
-public:
-    reflection_orbit(const std::vector<op_array>& ops, const reflection& hkl) {
-        for (const op_array& op : ops) {
-            reflection image{};
-            int phase = 0;
-            for (unsigned i = 0; i < 3; ++i) {
-                for (unsigned j = 0; j < 3; ++j) image[j] += hkl[i] * op[4 * i + j];
-                phase += hkl[i] * op[4 * i + 3];
-            }
-            if (image == hkl && phase % 360 != 0) absent = true;
-            members.push_back(image);
-            members.push_back({-image[0], -image[1], -image[2]});
-        }
-        std::sort(members.begin(), members.end());
-        members.erase(std::unique(members.begin(), members.end()), members.end());
-    }
-
+// The definition: all that the operators of a group make of a reflection, and nothing if one of
+// them leads it to itself with another phase.
+std::vector<reflection> orbit_of(const std::vector<op_array>& ops, const reflection& hkl) {
     std::vector<reflection> members;
-    bool absent = false;
-};
+    for (const op_array& op : ops) {
+        reflection image{};
+        int phase = 0;
+        for (unsigned i = 0; i < 3; ++i) {
+            for (unsigned j = 0; j < 3; ++j) image[j] += hkl[i] * op[4 * i + j];
+            phase += hkl[i] * op[4 * i + 3];
+        }
+        if (image == hkl && phase % 360 != 0) return {};
+        members.push_back(image);
+        members.push_back({-image[0], -image[1], -image[2]});
+    }
+    std::sort(members.begin(), members.end());
+    members.erase(std::unique(members.begin(), members.end()), members.end());
+    return members;
+}
 
 std::vector<row_array> rows_by_definition(const std::set<op_array>& group,
                                           const reflection& limits) {
     const std::vector<op_array> ops(group.begin(), group.end());
-    std::set<reflection> greatest;
     std::set<row_array> rows;
     for (int h = 0; h <= limits[0]; ++h) {  // the Friedel mates of the others lie here
         for (int k = -limits[1]; k <= limits[1]; ++k) {
             for (int l = -limits[2]; l <= limits[2]; ++l) {
-                if (h == 0 && k == 0 && l == 0) continue;
-                const reflection_orbit orbit(ops, {h, k, l});
-                const auto& [a, b, c] = orbit.members.back();
-                const int count = static_cast<int>(orbit.members.size());
-                if (!orbit.absent) rows.insert({a, b, c, count});
+                const std::vector<reflection> orbit = orbit_of(ops, {h, k, l});
+                if (orbit.empty()) continue;
+                const auto& [a, b, c] = orbit.back();
+                rows.insert({a, b, c, static_cast<int>(orbit.size())});
             }
         }
     }
+    rows.erase({0, 0, 0, 1});
     return {rows.begin(), rows.end()};
 }
-
-// Groups with a free axis aren't tested for absent general reflections. A glide plane along a
-// diagonal that shifts within the plane of the other two axes is missed so. This happens in one
-// setting alone, which the catalogue leaves out for that.
-constexpr char missed_glide[] = "C -4 2 b";
 
 TEST(HklGenerator, EverySettingByTheDefinition) {
     const scratch_dir dir;
     for (const setting& row : read_settings()) {
-        if (row.symbol == missed_glide) continue;
         for (const reflection& limits : {reflection{4, 4, 4}, {1, 2, 5}, {3, 0, 2}, {0, 3, 1}}) {
-            ASSERT_EQ(rows_of_ops(row.operators, limits), rows_by_definition(row.group, limits))
+            std::vector<row_array> rows = rows_of_ops(row.operators, limits);
+            // Groups with a free axis aren't tested for absent general reflections. A glide plane
+            // along a diagonal that shifts within the plane of the other two axes is missed so.
+            // This happens in one setting alone, which the catalogue leaves out for that.
+            if (row.symbol == "C -4 2 b") {
+                const auto missed = [](const row_array& found) {
+                    return found[0] == found[1] && found[0] % 2 != 0 && found[2] != 0;
+                };
+                EXPECT_EQ(std::erase_if(rows, missed) != 0, limits[0] * limits[1] != 0);
+            }
+            ASSERT_EQ(rows, rows_by_definition(row.group, limits))
                 << row.symbol << ' ' << row.choice << " limits " << testing::PrintToString(limits);
         }
     }
 }
 
-TEST(HklGenerator, MissedGlidePlane) {
-    const scratch_dir dir;
-    const std::string operators = operators_of(missed_glide);
-    std::vector<row_array> rows = rows_of_ops(operators, {4, 4, 4});
-    std::erase_if(rows, [](const row_array& row) {
-        return row[0] == row[1] && row[0] % 2 != 0 && row[2] != 0;
-    });
-    const xyz_list_3 ops = xyz_list_of(operators);
-    const std::vector<op_array> arrays = arrays_of(ops);
-    EXPECT_EQ(rows, rows_by_definition({arrays.begin(), arrays.end()}, {4, 4, 4}));
-}
-
 TEST(HklGenerator, WorkedLists) {
     const std::string screw = "x,y,z;-x,y+1/2,-z";
+    const std::string p6 = operators_of("P 6");
     const std::string r3 = operators_of("R 3", "H");
     const struct {
         std::string ops;
         reflection hkl;
         int multiplicity;  // 0: not in the list
-    } rows[] = {
-        {screw, {0, 1, 0}, 0},
-        {screw, {0, 3, 0}, 0},
-        {screw, {0, 2, 0}, 2},
-        {screw, {0, 1, 1}, 4},
-        {operators_of("P 6"), {2, -1, 0}, 6},
-        {operators_of("P 6"), {1, 0, 1}, 12},
-        {operators_of("P 6"), {1, 1, 0}, 0},
-        {r3, {1, 0, 1}, 6},
-        {r3, {1, 0, -2}, 6},
-        {r3, {1, 0, 0}, 0},
-        {r3, {1, 0, -1}, 0},
-    };
+    } rows[] = {{screw, {0, 1, 0}, 0}, {screw, {0, 2, 0}, 2}, {screw, {0, 1, 1}, 4},
+                {p6, {2, -1, 0}, 6},   {p6, {1, 0, 1}, 12},   {p6, {1, 1, 0}, 0},
+                {r3, {1, 0, 1}, 6},    {r3, {1, 0, -2}, 6},   {r3, {1, 0, -1}, 0}};
     const scratch_dir dir;
     for (const auto& row : rows) {
         int multiplicity = 0;
-        for (const row_array& found : rows_of_ops(row.ops, {3, 3, 3})) {
-            if (reflection{found[0], found[1], found[2]} == row.hkl) multiplicity = found[3];
+        for (const auto& [h, k, l, count] : rows_of_ops(row.ops, {3, 3, 3})) {
+            if (reflection{h, k, l} == row.hkl) multiplicity = count;
         }
         EXPECT_EQ(multiplicity, row.multiplicity) << row.ops << testing::PrintToString(row.hkl);
     }
-    EXPECT_EQ(rows_of_ops(operators_of("F m -3 m"), {3, 3, 3}),
-              (std::vector<row_array>{{1, 1, 1, 8},
-                                      {2, 0, 0, 6},
-                                      {2, 2, 0, 12},
-                                      {2, 2, 2, 8},
-                                      {3, 1, 1, 24},
-                                      {3, 3, 1, 24},
-                                      {3, 3, 3, 8}}));
     // The greatest member of an orbit stands for it, also beyond the limits.
     EXPECT_EQ(rows_of_ops(operators_of("P m -3 m"), {1, 2, 0}),
               (std::vector<row_array>{{1, 0, 0, 6}, {1, 1, 0, 12}, {2, 0, 0, 6}, {2, 1, 0, 24}}));
@@ -149,68 +119,21 @@ TEST(HklGenerator, WorkedLists) {
 TEST(HklGenerator, LimitsOfAnySizeAndSign) {
     constexpr int most = 2147483647;
     constexpr int least = -most - 1;
-    const std::optional<std::string> too_large = " Index limits too large";
     const struct {
-        const char* ops;
         reflection limits;
         std::size_t rows;
-        std::optional<std::string> message;
-    } rows[] = {
-        {"x,y,z", {0, 0, 0}, 0, {}},
-        {"x,y,z", {0, 0, 3}, 3, {}},
-        {"x,y,z", {70, 0, 0}, 70, {}},
-        {"x,y,z", {1, 1, 1}, 13, {}},
-        {"x,y,z", {0, 1, 100000}, 300001, {}},
-        {"x,y,z", {-1, 1, 1}, 0, {}},
-        {"x,y,z", {1, -1, 1}, 0, {}},
-        {"x,y,z", {1, 1, -1}, 0, {}},
-        {"x,y,z", {0, -70000, 0}, 0, {}},
-        {"x-y,x,z;x,y,z", {1, -1, 2}, 0, {}},
-        {"x,y,z", {most, 0, 0}, 0, too_large},
-        {"x,y,z", {0, least, 0}, 0, too_large},
-        {"x,y,z", {least, least, least}, 0, too_large},
-        {"x,y,z", {most, most, most}, 0, too_large},
-        {"x,y,z", {1000, -1000000000, 1000}, 0, too_large},
-        {"x,y,z", {65536, 65536, 1}, 0, too_large},
-        {"x,y,z", {3000, 3000, 3000}, 0, too_large},
-        {"x,y,z;x-y,x,z;-y,x-y,z;-x,-y,z;-x+y,-x,z;y,-x+y,z",
-         {most / 2 + 1, most / 2, 0},
-         0,
-         too_large},
-    };
+    } rows[] = {{{0, 0, 0}, 0},  {{70, 0, 0}, 70}, {{0, 1, 100000}, 300001},
+                {{-1, 1, 1}, 0}, {{1, -1, 1}, 0},  {{0, -70000, 0}, 0}};
     const scratch_dir dir;
     for (const auto& row : rows) {
-        SCOPED_TRACE(row.ops + testing::PrintToString(row.limits));
-        std::vector<row_array> found;
-        const auto message = message_of([&] { found = rows_of_ops(row.ops, row.limits); });
-        EXPECT_EQ(message, row.message);
-        EXPECT_EQ(found.size(), row.rows);
+        EXPECT_EQ(rows_of_ops("x,y,z", row.limits).size(), row.rows);
     }
-}
-
-TEST(HklGenerator, FreeAxes) {
-    const struct {
-        const char* ops;
-        std::array<int, 3> free;
-    } rows[] = {
-        {"x,y,z", {1, 1, 1}},
-        {"x,y,z;-x,-y,-z", {1, 1, 1}},
-        {"x,y,z;-x,y+1/2,-z", {1, 0, 1}},
-        {"x,y,z;-y,x,z", {0, 0, 1}},
-        {"x,y,z;x-y,-y,-z", {0, 1, 1}},
-        {"x,y,z;-x+1/2,-y,z+1/2", {0, 1, 0}},
-        {"x,y,z;z,x,y;y,z,x", {0, 0, 0}},
-    };
-    const scratch_dir dir;
-    for (const auto& row : rows) {
-        write_file("group.sg", sg_text_of(row.ops));
-        const xyz_list_3 ops = xyz_list_of(row.ops);
-        row_list_3 list;
-        hkl_generator_3 generator;
-        generator.generate("group.sg", ops, {{1, 1, 1}}, list);
-        for (unsigned i = 0; i < 3; ++i) EXPECT_EQ(generator.axis_free[i], row.free[i]) << row.ops;
-        EXPECT_EQ(generator.axis_free_count, row.free[0] + row.free[1] + row.free[2]) << row.ops;
+    const char* const too_large = " Index limits too large";
+    for (const reflection& limits :
+         {reflection{most, 0, 0}, {0, least, 0}, {1000, -1000000000, 1000}, {65536, 65536, 1}}) {
+        EXPECT_FAILURE(rows_of_ops("x,y,z", limits), too_large) << testing::PrintToString(limits);
     }
+    EXPECT_FAILURE(rows_of_ops(operators_of("P 6"), {most / 2 + 1, most / 2, 0}), too_large);
 }
 
 // A .sg file with these operators and class blocks. What is left of the seven blocks holds the
@@ -228,59 +151,43 @@ std::string sg_by_hand(const std::string& ops, const std::vector<std::string>& c
 
 // Whatever a file says, the outcome is rows or a message.
 TEST(HklGenerator, FilesMadeByHand) {
-    const std::string none;
     const std::vector<std::string> empty(7);
+    const auto h00_by_hand = [](const char* ops) {
+        return sg_by_hand("x,y,z", {"", "", "", "", ops});
+    };
     const struct {
         std::string text;
         reflection limits;
         std::vector<row_array> rows;
-        std::string message;
     } rows[] = {
-        {sg_by_hand("x,y,z", {}), {0, 1, 0}, {{0, 1, 0, 2}}, ""},
-        {sg_by_hand("x,y,z", empty), {2, 2, 2}, {}, ""},
-        {sg_by_hand("x,y,z", empty), {2147483647, 1, -2147483647}, {}, ""},
-        {sg_by_hand("", {}), {0, 0, 1}, {}, ""},
-        {sg_by_hand("0/1,0/1,0/1", {"0,0,0"}), {1, 0, 0}, {{1, 0, 0, 2}}, ""},
+        {sg_by_hand("x,y,z", {}), {0, 1, 0}, {{0, 1, 0, 2}}},
+        {sg_by_hand("x,y,z", empty), {2147483647, 1, -2147483647}, {}},
+        {sg_by_hand("", {}), {0, 0, 1}, {}},
+        {sg_by_hand("0/1,0/1,0/1", {"0,0,0"}), {1, 0, 0}, {{1, 0, 0, 2}}},
         // Without the unit a reflection isn't among its own equivalents.
         {sg_by_hand("x,y,z", {"-h,k,l", "h,-k,0"}),
          {1, 1, 0},
-         {{0, 1, 0, 2}, {1, 0, 0, 2}, {1, 1, 0, 2}},
-         ""},
-        {sg_by_hand("x,y,z", {none, none, none, none, "0,h,0"}), {1, 0, 0}, {}, ""},
+         {{0, 1, 0, 2}, {1, 0, 0, 2}, {1, 1, 0, 2}}},
+        {h00_by_hand("0,h,0"), {1, 0, 0}, {}},
         // The grid has room for what the limits themselves lead to. An equivalent outside it
         // doesn't count.
-        {sg_by_hand("x,y,z", {none, none, none, none, "h,0,0\nh+h+h,0,0"}),
-         {2, 0, 0},
-         {{3, 0, 0, 4}, {6, 0, 0, 4}},
-         ""},
-        {sg_by_hand("x,y,z", {none, none, none, none, "h,0,0\nh+h+h-l-l,0,0"}),
+        {h00_by_hand("h,0,0\nh+h+h,0,0"), {2, 0, 0}, {{3, 0, 0, 4}, {6, 0, 0, 4}}},
+        {h00_by_hand("h,0,0\nh+h+h-l-l,0,0"),
          {2, 0, 1},
-         {{0, 0, 1, 2}, {2, 0, 0, 2}, {3, 0, 0, 4}},
-         ""},
+         {{0, 0, 1, 2}, {2, 0, 0, 2}, {3, 0, 0, 4}}},
         // Translations in single degrees, and beyond what fits.
-        {sg_by_hand("x,y,z\n-x+7/360,-y+11/360,-z+13/360", {}), {0, 0, 1}, {{0, 0, 1, 2}}, ""},
-        {sg_by_hand("x,y,z\nx+7/360,y,z", {}), {1, 0, 0}, {{1, 0, 0, 2}}, ""},
-        {sg_by_hand("x,y,z\nx-268435456/1,y,z", {}), {1, 0, 0}, {{1, 0, 0, 2}}, ""},
-        {sg_by_hand("x,y,z\nx,y,z\nx,y,z+1/2", {}), {0, 0, 1}, {{0, 0, 1, 2}}, ""},
-        {"xyzs {x,y,z\n}", {1, 1, 1}, {}, " Cannot find: hkl"},
-        {"xyzs {x,y,z\n} hkl {h,k,l\n} h0l {h,0,l\n}", {1, 1, 1}, {}, " Cannot find: hk0"},
-        {"hkl {h,k,l\n}", {1, 1, 1}, {}, " Cannot find: xyzs"},
-        {"xyzs x,y,z\n", {1, 1, 1}, {}, " Cannot find { in stream group.sg"},
-        {"", {1, 1, 1}, {}, " Cannot find: xyzs"},
-        {sg_by_hand("x,y", {}), {1, 1, 1}, {}, " Error loading symmetry xyz's"},
-        {sg_by_hand("x,y,z+1/0", {}), {1, 1, 1}, {}, " Error loading symmetry xyz's"},
-        {sg_by_hand("x,y,z", {"h,k,2l"}), {1, 1, 1}, {}, " Error loading symmetry hkls"},
-        {sg_by_hand("x,y,z", {"h,k"}), {1, 1, 1}, {}, " Error loading symmetry hkls"},
+        {sg_by_hand("x,y,z\n-x+7/360,-y+11/360,-z+13/360", {}), {0, 0, 1}, {{0, 0, 1, 2}}},
+        {sg_by_hand("x,y,z\nx-268435456/1,y,z", {}), {1, 0, 0}, {{1, 0, 0, 2}}},
+        {sg_by_hand("x,y,z\nx,y,z\nx,y,z+1/2", {}), {0, 0, 1}, {{0, 0, 1, 2}}},
     };
     const scratch_dir dir;
     for (const auto& row : rows) {
-        SCOPED_TRACE(row.text.substr(0, 200) + testing::PrintToString(row.limits));
+        SCOPED_TRACE(row.text.substr(0, 200));
         write_file("group.sg", row.text);
-        std::vector<row_array> found;
-        const auto message = message_of([&] { found = rows_of("group.sg", row.limits); });
-        EXPECT_EQ(message.value_or(""), row.message);
-        EXPECT_EQ(found, row.rows);
+        EXPECT_EQ(rows_of("group.sg", row.limits), row.rows);
     }
+    write_file("group.sg", sg_by_hand("x,y,z", {"h,k,2l"}));
+    EXPECT_FAILURE(rows_of("group.sg", {1, 1, 1}), " Error loading symmetry hkls");
 }
 
 // A coefficient counts its letters.
@@ -297,18 +204,6 @@ TEST(HklGenerator, HugeCoefficients) {
     ASSERT_EQ(rows.size(), 600u);
     EXPECT_EQ(rows[599], (row_array{600, 0, 600, 2}));
     EXPECT_FAILURE(rows_of("group.sg", {2147483647, 0, 0}), " Index limits too large");
-}
-
-TEST(HklGenerator, FilesCutShort) {
-    const scratch_dir dir;
-    const std::string whole = sg_text_of("x,y,z;-x,y+1/2,-z");
-    for (std::size_t length = 0; length < whole.size(); ++length) {
-        write_file("group.sg", whole.substr(0, length));
-        const auto message = message_of([] { rows_of("group.sg", {2, 2, 2}); });
-        if (length <= whole.find("00l")) {
-            EXPECT_TRUE(message.has_value()) << length;
-        }
-    }
 }
 
 }  // namespace

@@ -1,0 +1,165 @@
+#include <cstring>
+#include <gtest/gtest.h>
+#include <memory>
+#include <string>
+#include <string_view>
+
+#include "foundation/not_found.h"
+#include "foundation/platform.h"
+#include "support/expect_failure.h"
+#include "support/scratch_dir.h"
+#include "textin/file_in.h"
+#include "textout/console.h"
+#include "textout/sstring_out.h"
+
+namespace {
+
+namespace fs = std::filesystem;
+using namespace std::string_literals;
+
+const std::string sep(1, platform_separator);
+const bool drives = platform_separator == '\\';
+constexpr char unclosed[] = " Unclosed comment block";
+
+struct Files : testing::Test {
+    scratch_dir dir;
+    const std::string here = dir.path().string() + sep;
+};
+
+TEST_F(Files, NamesAndDirectories) {
+    const struct {
+        std::string given, name, part;
+    } rows[] = {{"", "", ""},
+                {"x//y/a", "x//y/a", "x//y/"},
+                {"\"x/a b\"", "x/a b", "x/"},
+                {"x\\a", "x\\a", drives ? "x\\" : ""},
+                {"x/c:a", "x/c:a", drives ? "x/c:" : "x/"},
+                {"\"" + sep + "x" + sep + "a\"", sep + "x" + sep + "a", sep + "x" + sep},
+                {sep + "a", sep + "a", sep}};
+    for (const auto& row : rows) {
+        SCOPED_TRACE(row.given);
+        file_io file;
+        file.set_name(row.given.c_str());
+        EXPECT_EQ(file.file_name(), row.name);
+        EXPECT_EQ(file.directory(), row.part.starts_with(sep) ? row.part : here + row.part);
+        const int start = static_cast<int>(row.part.size());
+        EXPECT_EQ(dir_start(row.name.c_str()), row.name.empty() ? not_found : start);
+    }
+}
+
+TEST_F(Files, OpenFlags) {
+    write_file("a.txt", "x");
+    const std::string message = "Cannot open file no" + sep + "a.txt";
+    for (const int flags : {0, 16, 32, 48}) {
+        SCOPED_TRACE(flags);
+        sstring_out console;
+        push_console_stream(console);
+        file_io file;
+        file.set_mode("rb");
+        const auto failure = message_of([&] { EXPECT_EQ(file.open("no/a.txt", flags), 0); });
+        EXPECT_EQ(failure.value_or(""), (flags & 16) != 0 ? " " + message : "");
+        EXPECT_EQ(console.text(), flags == 32 ? message + "\n" : "");
+        EXPECT_EQ(file.open("\"a.txt\"", flags), 1);
+        pop_console_stream();
+    }
+}
+
+TEST_F(Files, Existing) {
+    fs::create_directory("sub");
+    write_file("a.txt", "x");
+    EXPECT_EQ(file_exists("a.txt") + file_size("a.txt"), 2);
+    EXPECT_EQ(remove_file("\"a.txt\""), 1);
+    EXPECT_FALSE(fs::exists("a.txt"));
+    for (const char* name : {"a.txt", "sub", "no/a.txt", ""}) {
+        EXPECT_EQ(file_exists(name) + remove_file(name), 0) << name;
+    }
+    EXPECT_EQ(file_size("a.txt"), 0);
+    write_file("a.txt", "x");
+    fs::resize_file("a.txt", 0x80000001U);  // no text can be so long
+    EXPECT_EQ(file_size("a.txt"), 2147483647);
+    fs::permissions("a.txt", fs::perms::owner_read);
+    const bool root = static_cast<bool>(std::ofstream("a.txt", std::ios::app));
+    EXPECT_EQ(file_exists("a.txt"), root);
+}
+
+TEST_F(Files, CurrentDirectory) {
+    string_3 text;
+    fs::current_path(dir.path().root_path());
+    current_dir_slash(text);
+    EXPECT_EQ(text.data, dir.path().root_path().string());
+    fs::current_path(dir.path());
+    for (int i = 0; !drives && i < 5; ++i) {  // no path can be too long on drives
+        const std::string name(200, 'd');
+        fs::create_directory(name);
+        fs::current_path(name);
+    }
+    EXPECT_EQ(message_of([&] { current_dir(text); }).value_or(""), drives ? "" : " getcwd error");
+}
+
+TEST_F(Files, LoadBytes) {
+    const std::string big(70000, 'x');
+    const struct {
+        std::string bytes;
+        int flags;
+        std::string text;
+    } rows[] = {{"a\0\0b\0"s, 3, "a  b "},    {"a\r\nb\r", 3, "a \nb "},
+                {"a\r\n\0b"s, 11, "a\r\n b"}, {"'b /* \xff", 3, "'b /* \xff"},
+                {"'\0\r\nx'"s, 7, "   \nx "}, {big + "'", 7, big + " "}};
+    for (const auto& row : rows) {
+        write_file("a.txt", row.bytes);
+        const file_in in("a.txt", row.flags);
+        EXPECT_EQ(in.text, row.text);
+    }
+}
+
+TEST_F(Files, ReopenAndClose) {
+    fs::create_directory("sub");
+    write_file("a.txt", "one two");
+    write_file("sub/a b.txt", "other 'text");
+    file_in in("a.txt", file_in::load_text | file_in::drop_comments);
+    const sstring_in& stream = in;
+    EXPECT_NE(in.at_end(), 0);
+    EXPECT_EQ(in.open(open_or_throw), 1);
+    EXPECT_STREQ(in.current(), "one two");
+    EXPECT_EQ(in.open("\"sub/a b.txt\"", open_or_throw), 1);
+    EXPECT_STREQ(in.current(), "other      ");
+    EXPECT_EQ(stream.file_name(), "sub" + sep + "a b.txt");
+    EXPECT_EQ(stream.directory(), here + "sub/");
+    EXPECT_FAILURE(in.skip_past('{'), " Cannot find { in stream sub" + sep + "a b.txt");
+    in.set_mode("");
+    EXPECT_EQ(in.open("a.txt", open_or_throw), 1);
+    in.get();
+    in.close();
+    EXPECT_EQ(in.text + in.pos, std::string());
+    EXPECT_EQ(file_in("a.txt", file_in::open_now).tag(), stream.tag() + 1);
+}
+
+TEST(BlankComments, Blanks) {
+    const char* const rows[][2] = {
+        {"'/*\nx*/", "   \nx*/"}, {"\"a'b\" c\n\"", "\"a     \n\""}, {"a/**/b", "a    b"},
+        {"/*/x*/y", "      y"},   {"/*\na'\n\"*/b", "         b"},   {"/*/**/*/x", "        x"},
+        {"/***/x/", "     x/"},   {"//*x*///", "/     //"},          {"/*/", unclosed},
+        {"/* /* */", unclosed},   {"/**/ /*'*/ /* \" ", unclosed}};
+    for (const auto& row : rows) {
+        std::string text = row[0];
+        const auto message = message_of([&] { blank_comments(text.data()); });
+        EXPECT_EQ(message.value_or(text), row[1]) << row[0];
+    }
+}
+
+// In each prefix of a nasty text a byte stays or becomes a blank, and nothing else is touched.
+TEST(BlankComments, EveryPrefix) {
+    const std::string_view nasty = "a'\"/*\n\"/*'/**/ */*/ /\xff*/ /*/*/*/'*/**/ ' */\n*/ '/*";
+    for (std::size_t n = 0; n <= nasty.size(); ++n) {
+        const std::unique_ptr<char[]> text(new char[n + 1]());
+        std::memcpy(text.get(), nasty.data(), n);
+        const auto message = message_of([&] { blank_comments(text.get()); });
+        EXPECT_EQ(message.value_or(unclosed), unclosed);
+        for (std::size_t i = 0; i <= n; ++i) {
+            const char before = i < n ? nasty[i] : '\0';
+            EXPECT_TRUE(text[i] == before || (i < n && text[i] == ' ')) << n << " " << i;
+        }
+    }
+}
+
+}  // namespace
