@@ -1,9 +1,26 @@
-# Runs PROGRAM with ARGUMENTS and compares what it prints, less the blanks at line ends, with the
-# file EXPECTED.
-execute_process(COMMAND "${PROGRAM}" ${ARGUMENTS}
-    OUTPUT_VARIABLE printed ERROR_VARIABLE errors RESULT_VARIABLE status)
-file(READ "${EXPECTED}" expected)
-string(REGEX REPLACE "[ \r]+\n" "\n" printed "${printed}${errors}")
-if(NOT status MATCHES "^[01]$" OR NOT printed STREQUAL expected)
-    message(FATAL_ERROR "Status ${status}. Printed:\n${printed}\nExpected:\n${expected}")
+# In a fresh folder FOLDER with the data files: runs TOOL, a command that must print nothing, if it
+# is given; then the command PROGRAM, which must end with STATUS and print the text of the file
+# EXPECTED. EMULATOR runs programs of another system.
+file(REMOVE_RECURSE "${FOLDER}")
+file(MAKE_DIRECTORY "${FOLDER}/sg")
+file(GLOB data "${DATA_DIR}/*.txt")
+file(COPY ${data} DESTINATION "${FOLDER}")
+
+function(run_in_folder command expected_status expected)
+    execute_process(COMMAND ${EMULATOR} ${command} WORKING_DIRECTORY "${FOLDER}"
+        OUTPUT_VARIABLE printed ERROR_VARIABLE errors RESULT_VARIABLE status)
+    # A console of Windows adds carriage returns, and its paths have other separators.
+    string(REPLACE "\r" "" printed "${printed}${errors}")
+    string(REPLACE "\\" "/" printed "${printed}")
+    string(REGEX REPLACE " +\n" "\n" printed "${printed}")
+    string(REGEX REPLACE "\n+$" "\n" printed "${printed}")
+    if(NOT status EQUAL expected_status OR NOT printed STREQUAL expected)
+        message(FATAL_ERROR "Status ${status}. Printed:\n${printed}\nExpected:\n${expected}")
+    endif()
+endfunction()
+
+if(TOOL)
+    run_in_folder("${TOOL}" 1 "")  # the tool's status is 1 on every road
 endif()
+file(READ "${EXPECTED}" expected)
+run_in_folder("${PROGRAM}" ${STATUS} "${expected}")

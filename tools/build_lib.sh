@@ -43,24 +43,28 @@ quietly() {
     return "$status"
 }
 
+# need_compiler [WHAT:PACKAGE ...] - what every build takes, and what stands behind it.
 need_compiler() {
-    need g++:g++ cmake:cmake
-    if ! command -v make >/dev/null; then need ninja:ninja-build; fi
+    local build_tool=ninja:ninja-build
+    if command -v make >/dev/null; then build_tool=make:make; fi
+    need g++:g++ cmake:cmake "$build_tool" "$@"
 }
 
 need_cross_compiler() {
-    need_compiler
-    need x86_64-w64-mingw32-g++-posix:g++-mingw-w64-x86-64-posix
+    need_compiler x86_64-w64-mingw32-g++-posix:g++-mingw-w64-x86-64-posix
+}
+
+# configured PRESET - whether build/PRESET is prepared. A build folder that was made elsewhere, and
+# then moved or copied here, is of no use.
+configured() {
+    grep -qsxF "CMAKE_HOME_DIRECTORY:INTERNAL=$PWD" "build/$1/CMakeCache.txt" &&
+        [[ -e build/$1/build.ninja || -e build/$1/Makefile ]]
 }
 
 # configure PRESET [OPTION ...] - prepares build/PRESET.
 configure() {
-    local cache="build/$1/CMakeCache.txt"
-    # A build folder that was made elsewhere, and then moved or copied here, is of no use.
-    if [[ -e $cache ]] && ! grep -qxF "CMAKE_HOME_DIRECTORY:INTERNAL=$PWD" "$cache"; then
-        rm -rf "build/$1"
-    fi
-    if [[ ! -e $cache ]] && command -v ninja >/dev/null; then
+    configured "$1" || rm -rf "build/$1"
+    if [[ ! -e build/$1 ]] && command -v ninja >/dev/null; then
         quietly cmake --preset "$1" -G Ninja "${@:2}"
     else
         quietly cmake --preset "$1" "${@:2}"

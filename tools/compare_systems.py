@@ -15,9 +15,15 @@ import tempfile
 from pathlib import Path
 
 ROOT = Path(__file__).resolve().parent.parent
-DATA_FILES = ("lomar5.txt", "sgrots3.txt")
+INPUTS = {
+    "pair.txt": "symmetry { -x,-y,-z; x,1/2-y,1/2+z; }",
+    "cubic.txt": "symmetry { z,x,y /* the threefold axis */; y,x,-z; -x,-y,z+1/2; x,y,z; }",
+    "none.txt": "symmetry {",
+}
 BAD_RUNS = ([], ["x"], ["("], ["p999"], ["P 1", "-dir"], ["P 1", "-hkl", "1"],
-            ["P 1", "-hkl", "99999", "99999", "99999"], ["P 1", "-hhh"], ["-bill", "lomar5.txt"])
+            ["P 1", "-hkl", "99999", "99999", "99999"], ["P 1", "-hhh"], ["-bill", "lomar5.txt"],
+            ["-bill", "none.txt"], ["P 1", "-dir", "missing/folder"],
+            ["P 1", "-compare", "p999", "-e", "failed"], ["P 1", "-e", "out/failed", "-hkl", "x"])
 
 
 def symbols():
@@ -29,33 +35,49 @@ def symbols():
     return list(seen.values())
 
 
-def outcome(program, arguments, folder):
-    """The console and the files that a run leaves; the files are removed."""
+def prepare(folder):
+    """Data files, generator files and empty folders for output."""
+    for data_file in ("lomar5.txt", "sgrots3.txt"):
+        shutil.copy(ROOT / "data" / data_file, folder)
+    for name, text in INPUTS.items():
+        (folder / name).write_text(text)
+    for name in ("sg", "out"):
+        (folder / name).mkdir()
+    return set(folder.rglob("*"))
+
+
+def outcome(program, arguments, folder, prepared):
+    """The console, with one kind of separators, and the files that a run leaves, which go."""
     run = subprocess.run(program + arguments, cwd=folder, stdout=subprocess.PIPE, check=False)
     files = {}
-    for path in folder.iterdir():
-        if path.name not in DATA_FILES:
-            files[path.name] = path.read_bytes()
-            path.unlink()
-    return run.returncode, run.stdout, files
+    for path in set(folder.rglob("*")) - prepared:
+        files[path.relative_to(folder)] = path.read_bytes()
+        path.unlink()
+    return run.returncode, run.stdout.replace(b"\\", b"/"), files
 
 
 def main():
     programs = [[str(Path(sys.argv[1]).resolve())],
                 [sys.argv[2], str(Path(sys.argv[3]).resolve())]]
-    runs = [[symbol, "-hkl", "4", "3", "2"] for symbol in symbols()]
-    runs += [[symbol, "-only_asym", "-hhh"] for symbol in symbols()[::20]]
+    names = symbols()
+    runs = [[symbol, "-hkl", "4", "3", "2"] for symbol in names]
+    runs += [[symbol, "-only_asym", "-hhh"] for symbol in names[::20]]
+    runs += [[symbol, "-dir", "out", "-hkl", "2", "2", "2"] for symbol in names[::40]]
+    runs += [[symbol, "-dir", str(ROOT / "no_folder")] for symbol in names[:2]]
+    runs += [[a, "-compare", b] for a, b in zip(names[::40], names[1::40])]
+    runs += [[symbol, "-compare", symbol] for symbol in names[::60]]
+    runs += [["-bill", name] for name in INPUTS]
     runs += BAD_RUNS
     differences = 0
     with tempfile.TemporaryDirectory() as name:
         folder = Path(name)
-        for data_file in DATA_FILES:
-            shutil.copy(ROOT / "data" / data_file, folder)
+        prepared = prepare(folder)
         for arguments in runs:
-            first, second = (outcome(program, list(arguments), folder) for program in programs)
+            first, second = (outcome(program, list(arguments), folder, prepared)
+                             for program in programs)
             if first != second:
                 differences += 1
-                print(f"{arguments}: the programs differ")
+                print(f"{arguments}: the programs differ:\n{first}\n{second}")
     if not differences:
         print(f"compare_systems: {len(runs)} runs are the same")
     return 1 if differences or len(runs) < 558 else 0

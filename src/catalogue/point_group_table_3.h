@@ -2,9 +2,9 @@
 
 #include "foundation/string_3.h"
 
-/// The point groups, and the rewriting that reaches one from a space group's symbol: glide letters
-/// become mirrors, screw axes plain axes, marks of the setting go. A fixed list of replacements in
-/// a fixed order is all there is to it; no crystallography is done.
+/// The point groups, and the way from a space group's symbol to one of them. It is pure text work:
+/// `a` or `n` turns into `m`, `21` into `2`, a colon and the rest are dropped, and so on, one
+/// replacement after the other, until a point group has this name.
 class point_group_table_3 {
 public:
     point_group_table_3();
@@ -13,13 +13,13 @@ public:
     /// with " Invalid point group".
     void lookup(const char* symbol);
 
-    /// The result of the last successful lookup.
+    /// The point group that lookup found; a call that fails leaves it as it was.
     const string_3& normalised() const { return normalised_; }
 
     // Parallel lists of 42 rows, ascending by name.
     string_list_3 names;
     string_list_3 generators;  ///< rotations as in the catalogue's generator fields
-    string_list_3 keys;        ///< the names cut at their first blank
+    string_list_3 keys;        ///< what lookup compares with: `3` for the names `3 1` and `3 2`
 
 private:
     bool is_key() const { return find_sorted(keys, work.data) != not_found; }

@@ -5,17 +5,18 @@
 #include "textin/sstring_in.h"
 #include "textout/stream_out.h"
 
-/// What the catalogue knows of a space group in one setting.
+/// A space group in one of its settings, as the catalogue describes it. Texts that don't apply are
+/// empty.
 struct sg_catalogue_entry_3 {
-    string_3 axes;                    ///< the axis setting, such as `cab` or `mcba`
+    string_3 axes;                    ///< how the axes are exchanged: `cab`, `mcba`
     string_3 computer_symbol;         ///< lattice letter, head and generators: see sg_decoder_3
-    string_3 unique_axis;             ///< x, y or z for the numbers 3 to 15, else empty
-    string_3 symbol;                  ///< the main name of the setting
+    string_3 unique_axis;             ///< `x`, `y` or `z`; only monoclinic groups have it
+    string_3 symbol;                  ///< its main name in the catalogue
     string_3 point_group;             ///< filled from point_group_table_3
-    string_3 rhombohedral_hexagonal;  ///< r for a setting on rhombohedral axes, else empty
+    string_3 rhombohedral_hexagonal;  ///< `r` where a trigonal group stands on rhombohedral axes
     int number = -1;
 
-    /// Writes the space_group block. The texts are made lower case as they are written.
+    /// Writes the space_group block, and turns the fields to lower case for it.
     void write_record(stream_out& stream);
 
     /// Reads the next space_group block; words that it doesn't know are passed over. Fails when

@@ -8,7 +8,7 @@ extern const char* error_marker;
 /// Creates the marker file, empty; does nothing when no name was given.
 void touch_error_marker();
 
-/// The arguments that the process was started with. They aren't owned.
+/// The command line, program's name included. It stays main's: only pointers are kept.
 class arg_store_3 {
 public:
     /// Stores the arguments and takes the error marker's name from them.
@@ -17,8 +17,8 @@ public:
     int count() const { return argc; }
     const char* argument(int i) const { return argv[i]; }
 
-    /// The index of the first argument behind the program's name that equals `text` byte for byte,
-    /// or not_found. The first argument is searched too.
+    /// Where `text` stands on the command line, or not_found. The symbol at index 1 counts as well;
+    /// the program's name doesn't.
     int find_arg(const char* text) const;
 
     bool has(const char* text) const { return find_arg(text) != not_found; }

@@ -1,7 +1,7 @@
 #include "driver/sg_driver_3.h"
 #include "foundation/platform.h"
 
-// The exit status is 1 on every road: a caller learns of a failure by the option -e.
+// Success and failure both end with status 1; scripts name a file with -e and look for it.
 int main(int argc, char** argv) {
     platform_prepare_output();
     sg_driver_3 driver;

@@ -11,8 +11,8 @@ public:
     /// marker file is created if one was asked for.
     void run(int argc, const char* const* argv);
 
-    /// Writes the .sg file of `group` and leaves the operators in `operators`. What was written
-    /// before a failure stays.
+    /// Makes the .sg file of `group`. Its operators can be found in `operators` afterwards. After a
+    /// failure the file may be there, unfinished.
     void generate_sg(sg_file_names_3& group, sg_decoder_3& operators);
 
     /// Generates the group of a second symbol, in the directory `sg`, and writes " \nEqual" or

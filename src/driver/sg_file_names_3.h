@@ -11,28 +11,28 @@ public:
     /// parentheses was given.
     void set_symbol(const char* text);
 
-    /// Sets the directory of the output files, less one trailing separator.
+    /// Chooses where the output files go. A separator at the end of `text` is left out.
     void set_out_dir(const char* text);
 
     /// Whether the symbol may name a group: it is a number, or begins with a lattice letter.
     bool is_valid();
 
-    /// The key by which the catalogue is searched; empty for an invalid symbol. Lower case, no
-    /// blank and no underscore; cut at the first `h`; a colon only in a final `:2`, or where the
-    /// symbol is a number.
+    /// What to look for in the catalogue, or empty if is_valid() says no: the symbol in lower case
+    /// without blanks, underscores, and an `h` with all behind it. A number may keep its colon, but
+    /// not for a `:1`; other symbols keep theirs if they end in `:2`.
     const string_3& lower_symbol();
 
     // Empty while the symbol is invalid.
-    const string_3& file_stem();  ///< the key as a file name: `/` becomes o, `:` becomes q
+    const string_3& file_stem();  ///< lower_symbol() with o for `/` and q for `:`
     const string_3& sg_file();
     const string_3& hkl_file();
     const string_3& sg_path();
     const string_3& hkl_path();
 
-    /// The command line that would generate the group in a process of its own.
+    /// How to call the tool for this group alone; see generate_in_child.
     const string_3& run_command();
 
-    /// Whether the .sg file can be opened.
+    /// Whether the .sg file is there and can be read.
     bool sg_file_exists();
 
     /// Generates the .sg file in a process of its own, unless it is there. Fails with

@@ -6,17 +6,17 @@
 
 class allocator_4;
 
-/// A large block cut into items of one size, with one bit for each item: set means in use.
-/// A chunk exists only while at least one of its items is in use.
+/// A heap block divided into equal items. It is made for an item and goes with the last one, so
+/// `n_used` is never 0.
 struct chunk_4 {
-    std::uint64_t* bitmap;  ///< bit k of word w stands for item 64 * w + k
+    std::uint64_t* bitmap;  ///< a bit for each item, lowest bits first, 1 while it is handed out
     allocator_4* owner;
-    char* storage;  ///< item i lies at storage + i * item_size
+    char* storage;  ///< the items, one behind the other
     int n_used;
 };
 
-/// Serves items of one size out of chunks. An item costs a look at a stack and the scan of a few
-/// words; the block of a chunk goes back to the heap with its last item.
+/// Hands out items of a single size. The chunk is known at once, and the free place in it is found
+/// in a bitmap of two or three words.
 class allocator_4 {
 public:
     /// Items of `item_size_` bytes; chunks are requested for `n_request_` items and hold as many
@@ -25,15 +25,15 @@ public:
     allocator_4(const allocator_4&) = delete;
     allocator_4& operator=(const allocator_4&) = delete;
 
-    /// The address of a free item. Throws std::bad_alloc when the system has no memory.
+    /// An item with undefined contents. Throws std::bad_alloc when the system has no memory.
     virtual void* allocate();
     /// Takes an item back. The pointer must be one that allocate() gave and that is still in use.
     virtual void release(void* pointer) noexcept;
 
-    list_0_3<chunk_4*> chunks;       ///< ascending by storage address
-    list_0_3<chunk_4*> free_chunks;  ///< a stack of the chunks that have a free item
+    list_0_3<chunk_4*> chunks;       ///< all of them, lowest storage address first
+    list_0_3<chunk_4*> free_chunks;  ///< those that aren't full; the last one serves next
     std::int64_t item_size;
-    std::int64_t last_offset;  ///< offset of the last item of a chunk
+    std::int64_t last_offset;  ///< bytes from the first item of a chunk to its last
     std::int64_t items_per_chunk;
     std::int64_t bitmap_words;
     std::int64_t n_request;
@@ -46,8 +46,8 @@ private:
     void drop_chunk(int position) noexcept;
 };
 
-/// The table of allocators: entry i serves items of 4 * i bytes, up to 72; entry 0 exists so that
-/// the index is the size divided by 4.
+/// One allocator for each size from 4 to 72 bytes in steps of 4, found by size / 4. A
+/// request for no bytes finds entry 0, which is like entry 1.
 class allocators_4 : public list_n1_3<allocator_4*> {
 public:
     static constexpr int largest_item = 72;

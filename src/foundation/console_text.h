@@ -1,5 +1,5 @@
 #pragma once
 
-/// Writes a text to the current console stream. The layers below the output streams report
-/// through this one function; its body stands with the console.
+/// Puts a text on the console, for code below the output streams, which can't see them. The body
+/// stands in textout/console.cpp.
 void write_console_text(const char* text);

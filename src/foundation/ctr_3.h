@@ -10,7 +10,7 @@
 #include "foundation/memory.h"
 #include "foundation/not_found.h"
 
-// The growable arrays of the system. A list is put together from small templates:
+// Growable arrays, the only containers used here. A list is put together from small templates:
 //
 //     vec_3         numbers: totals
 //     ctr_obj_3     any element, objects with destructors included
@@ -22,13 +22,13 @@
 // Elements stand in one block from the block heap. Nothing checks an index. Three kinds of
 // elements are told apart by their type alone:
 //
-//     plain        no constructor: a new element holds whatever the block held
+//     plain        no constructor: a new element starts with stray bytes
 //     constructed  a constructor, but nothing to destroy: run when an element comes into use
 //     objects      with a destructor: built and destroyed with the capacity; when a list grows,
 //                  each hands over what it owns (its `take`), so that no inner block is copied
 
-/// A growable array over one of the two records. All indices and counts are signed 32-bit; a list
-/// that would outgrow them, or memory, throws std::bad_alloc and stays as it was.
+/// The operations of a list, over the fields that B brings. Indices and counts are of type int; a
+/// list that would outgrow it, or memory, throws std::bad_alloc and stays as it was.
 template <typename T, typename U, typename B>
 class ctr_3 : public B {
     static_assert(alignof(T) <= 8, "blocks are aligned to 8 bytes");
@@ -68,11 +68,12 @@ public:
 
     // Capacity and count
 
-    /// Makes the capacity exactly `m`; below 1 it releases the block. With `keep` the elements up
-    /// to the new capacity survive. The count is for the caller to set.
+    /// Makes the capacity exactly `m`; below 1 it releases the block. `keep` saves the elements
+    /// that still fit. Call it only where `n` is set next: this doesn't adapt it.
     void set_max_n(int m, bool keep);
 
-    /// Makes the count `m`, keeping elements: the capacity grows to exactly `m`, and never shrinks.
+    /// Changes the count to `m` and keeps what is there. A capacity that is too small becomes
+    /// exactly `m`; one that is larger stays.
     void set_n(int m) {
         if (m > n_max) set_max_n(m, true);
         construct(n, m);
@@ -94,15 +95,15 @@ public:
         n = m < 1 ? 0 : m;
     }
 
-    /// `m` elements of zero bytes, for plain elements; the capacity becomes exactly `m`.
+    /// Starts anew with `m` elements of zero bytes and room for no more. Only for plain elements.
     void new_n_zero(int m) requires is_plain_element<T> {
         set_max_n(m, false);
         n = m < 1 ? 0 : m;
         zero_fill();
     }
 
-    /// The count of `other` with exactly that capacity and a first index of 0; elements aren't
-    /// copied. An empty `other` clears the list.
+    /// Becomes as long as `other`, without spare room and with indices from 0, but doesn't get its
+    /// elements. An empty `other` clears the list.
     template <typename Other>
     void set_like(const Other& other) {
         if (other.n == 0) return clear();
@@ -126,7 +127,7 @@ public:
         this->set_base(other.first_index());
     }
 
-    /// Adds `k` to the count; a list that must grow doubles what it then needs.
+    /// Adds `k` elements at the end. If the list must grow, it makes room for twice the new count.
     void add_n(int k) {
         const int m = this->added(n, k);
         if (m > n_max) set_max_n(this->doubled(m), true);
@@ -164,7 +165,7 @@ public:
     /// Inserts before the element with index `i`, or appends when there is none.
     void insert_at(const T& value, int i);
 
-    /// Removes the element with index `i`; those behind it close up.
+    /// Removes the element with index `i`; the gap is closed from behind, the capacity stays.
     void remove_at(int i);
 
     /// Copies the elements of `other` behind the present ones; the capacity grows exactly.
@@ -178,7 +179,7 @@ public:
         n = m;
     }
 
-    /// Keeps the elements whose flag is 0, in order. `flags` is indexed like the list.
+    /// Drops every element i for which flags[i] isn't 0; the others keep their order.
     template <typename Flags>
     void remove_flagged(const Flags& flags);
 
@@ -193,12 +194,12 @@ public:
     /// counts are equal.
     void assign(const ctr_3& other);
 
-    /// Copies the elements at the indices that both lists have.
+    /// Overwrites element i with other[i] for each index i in both lists.
     void copy_overlap(const ctr_3& other) {
         overlap(other, [](T& to, const T& from) { to = from; });
     }
 
-    /// The same, but each element takes over what the element of `other` owns.
+    /// As copy_overlap, but what the elements of `other` own moves over and isn't copied.
     void move_overlap(ctr_3& other) requires is_object_element<T> {
         overlap(other, [](T& to, T& from) { move_element(to, from); });
     }
@@ -212,13 +213,13 @@ public:
 
     // Comparing
 
-    /// Whether both have the same count and equal elements; capacities and first index don't count.
+    /// Whether the lists hold the same values in the same order, wherever their indices begin.
     bool equal(const ctr_3& other) const;
 
-    /// The list with fewer elements comes first; with equal counts the first difference decides.
+    /// An order for lists: shorter before longer, lists of one length element by element.
     bool less(const ctr_3& other) const;
 
-    /// The index of the first element equal to `value`, or not_found.
+    /// Where `value` stands for the first time, or not_found. Looks at one element after another.
     template <typename V>
     int find(const V& value) const {
         for (int i = first(); i <= last(); ++i) {
@@ -227,17 +228,13 @@ public:
         return not_found;
     }
 
-    /// Reads the list from a binary input: count, first index, then the elements raw. A record
-    /// that ends early leaves the rest of the elements 0. `in` has read_int() and
-    /// read_bytes(address, size).
+    /// Becomes the list that `in` holds next: an int for its length, an int for its first index,
+    /// the bytes of the elements. Elements for which the bytes run out are 0. `in` has
+    /// read_list_head(list) and read_bytes(address, size).
     template <typename In>
     void read_binary(In& in) requires is_plain_element<T> {
-        const int m = in.read_int();
-        const int b = in.read_int();
-        clear();
-        if (m < 1) return;
-        if constexpr (B::has_base) this->set_base(b);
-        static_cast<void>(b);
+        const int m = in.read_list_head(*this);
+        if (m == 0) return;
         set_max_n(m, false);
         n = m;
         zero_fill();

@@ -54,7 +54,7 @@ struct n_added_3 {
     }
 };
 
-/// Elements are copied as a block of bytes, or by their assignment where they own something.
+/// How lists copy elements: all bytes at once, or one by one where an element owns something.
 template <typename T, typename U>
 struct mem_copy_3 : n_added_3<T> {
     static void copy(T* to, const U* from, int n) {
@@ -71,7 +71,7 @@ struct mem_copy_3 : n_added_3<T> {
 template <typename T, typename U, typename C>
 struct ctr_base_0_3 : C {
     T* p = nullptr;  ///< element 0; not read while n_max is 0
-    int n_max = 0;   ///< capacity in elements; 0 exactly when no block is held
+    int n_max = 0;   ///< for how many elements there is room; without a block 0
     int n = 0;       ///< elements in use
 
     static constexpr bool has_base = false;
@@ -93,7 +93,7 @@ struct ctr_base_n1_3 : C {
     T* block() const { return moved(p, base); }
     void hold_block(T* start) { p = moved(start, -std::ptrdiff_t{base}); }
 
-    /// Moves the indices so that they run from `b`; elements keep their order and addresses.
+    /// Renumbers the elements from `b` on; none of them moves in memory.
     void set_base(int b) {
         if (n_max != 0) p = moved(p, std::ptrdiff_t{base} - b);
         base = b;

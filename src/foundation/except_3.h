@@ -4,8 +4,8 @@
 #include "foundation/string_3.h"
 #include "foundation/string_out.h"
 
-/// The one exception type of the system: a message. It lives on the heap and is thrown by
-/// pointer; whoever catches it deletes it.
+/// A failure: nothing but its message. Everything that fails throws an except_3*; the handler
+/// must delete it.
 class except_3 final : public string_out {
 public:
     static void* operator new(std::size_t size) { return pooled_3::operator new(size); }
@@ -18,7 +18,8 @@ public:
 ///
 ///     (error_builder_3() << "Cannot open file" << path).fail();
 ///
-/// Each piece gets a blank before it, so that every message begins with a blank.
+/// The pieces are set apart by blanks; one stands before the first piece too, so the text above
+/// is " Cannot open file" and the path behind another blank.
 class error_builder_3 {
 public:
     error_builder_3() : held(new except_3) {}

@@ -1,6 +1,6 @@
-// The global allocation and deallocation functions lead to the block heap, so that the standard
-// library's own objects draw on it as well. Blocks are aligned to 8 bytes: every source linked
-// with this file must be compiled for that, or the compiler would assume 16.
+// Replaces new and delete for the whole program by the block heap, which then also feeds what the
+// standard library allocates. Blocks are aligned to 8 bytes: every source linked with this file
+// must be compiled for that, or the compiler would assume 16.
 
 #include <cstddef>
 #include <new>

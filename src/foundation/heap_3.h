@@ -3,26 +3,25 @@
 #include <cstddef>
 #include <cstdint>
 
-/// A free block as its bin keeps it: the pointer that the user held, and the heap's stamp at the
-/// time when the block came back.
+/// A free block as its bin keeps it.
 struct heap_entry_3 {
-    void* block;
-    std::uint64_t stamp;
+    void* block;          ///< behind the header, as alloc_block gave it out
+    std::uint64_t stamp;  ///< tells how long it has been free: heap_3::stamp when it was freed
 };
 
 /// The free blocks of one size, as a stack: the block that came back last is handed out first.
 struct heap_bin_3 {
-    std::int64_t n;            ///< free blocks held
-    std::int64_t n_max;        ///< capacity of `entries`
-    std::uint64_t block_size;  ///< bytes of every block, the 8 bytes of its header included
+    std::int64_t n;            ///< entries in use
+    std::int64_t n_max;        ///< entries there is room for
+    std::uint64_t block_size;  ///< bytes that malloc gave for each block, so with its header
     heap_entry_3* entries;
     int index;
 };
 
-/// The lower layer of memory: 31 bins of free blocks of fixed sizes. A block is one malloc of its
-/// bin's size; its first 8 bytes hold the address of the bin for the block's whole life, and the
-/// user's memory begins behind them. A block that comes back stays in its bin until the process
-/// ends, so that steady work makes no calls to malloc.
+/// The block heap: gives memory in few sizes and keeps what is freed for the next request of the
+/// size, so that a program which runs steadily doesn't call malloc any more. Blocks of one size
+/// belong to one bin. In front of the memory that the user sees, 8 bytes say which bin that is;
+/// they are written when malloc gives the block, and never again.
 class heap_3 {
 public:
     static constexpr int n_bins = 31;
@@ -30,7 +29,7 @@ public:
     static constexpr std::size_t largest_request = (std::size_t{1} << 31) - 16;
 
     heap_3();
-    /// Frees all blocks that are not in use, and sets heap_gone().
+    /// Gives the blocks in the bins back to the system. After this, heap_gone() is true.
     ~heap_3();
     heap_3(const heap_3&) = delete;
     heap_3& operator=(const heap_3&) = delete;
@@ -40,8 +39,8 @@ public:
     /// See ::free_block. Does nothing once the heap is gone.
     void free_block(void* pointer) noexcept;
 
-    /// The number of the smallest bin whose blocks hold `size` bytes and the header; 0 for a size
-    /// of 0, and n_bins for a size above largest_request.
+    /// The bin that serves a request of `size` bytes: the first with room for them and the header.
+    /// No bytes lead to bin 0, more than largest_request to n_bins, which is no bin.
     static int bin_of(std::size_t size);
     /// The size of the blocks of bin `bin`: 2^(bin + 1), but 2^31 - 8 for the last one.
     static std::uint64_t block_size_of(int bin);
@@ -54,11 +53,10 @@ public:
 
     /// Blocks that come back from now on are younger than those that came back before.
     void advance_stamp() { ++stamp; }
-    /// Gives free blocks back to the system, out of bins that hold more than 1,000,000 bytes: all
-    /// of them if `age` is at least 1, else those that came back when the stamp was lower than it
-    /// is now less -age.
+    /// Returns free blocks to the system; a bin with 1,000,000 bytes of them or less is left alone.
+    /// An `age` from 1 up returns them all, a lower one those freed more than -age stamps ago.
     void trim(int age);
-    /// The bytes of all free blocks.
+    /// How many bytes lie unused in the bins, headers included.
     std::uint64_t stored_bytes() const;
 
     /// Called with the size before each allocation is served; null while nobody accounts.

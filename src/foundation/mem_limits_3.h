@@ -5,9 +5,9 @@
 
 #include "foundation/ctr_3.h"
 
-/// A limit on the memory of the process. A program switches it on with read_max_mem; then the bytes
-/// that are requested from the heap are counted, and after each GiB of them the system is asked how
-/// much memory is in use. Releases don't count.
+/// Ends a process that takes too much memory. It does nothing until read_max_mem is called; then
+/// it adds up the bytes of all requests to the heap, without deducting what is freed, and asks the
+/// system for the memory in use after each GiB.
 class mem_limits_3 {
 public:
     static constexpr std::uint64_t no_limit = std::uint64_t{1} << 63;
@@ -15,10 +15,10 @@ public:
     mem_limits_3();
 
     /// Reads the limit from the file MaxMem.TXT in the data directory, and switches the limit of
-    /// the process on. Two numbers count in the file, and a missing one is 0: a first above 0 is
-    /// the limit in GiB; one below 0 is what is to stay free of the physical memory; with a first
-    /// of 0 the second is a fraction of the physical memory. Does nothing if a limit is set
-    /// already. From then on this object counts all requests, and must not end before the heap.
+    /// the process on. Two numbers count in the file, and a missing one is 0: the first is the
+    /// limit in GiB, or with a minus the GiB that others shall have of the physical memory; if it
+    /// is 0, the second is the limit as a fraction of the physical memory. A second call changes
+    /// nothing. From then on this object counts all requests, and must not end before the heap.
     /// Fails as any file that can't be opened. (library/max_mem_file.cpp)
     void read_max_mem();
 

@@ -14,10 +14,11 @@ void* alloc_block(std::size_t size);
 void free_block(void* pointer) noexcept;
 
 /// A buffer of `size` bytes: up to 72 bytes from the size-class allocators (allocators_4.h), more
-/// from the block heap. The size is rounded up to a multiple of 4.
+/// from the block heap. Sizes count in steps of 4: 5 gets as much as 8.
 void* pool_new(int size);
 
-/// Takes back what pool_new(size) gave. The caller states the same size again; 0 does nothing.
+/// Takes back what pool_new gave for this very `size`, which the pool doesn't remember. With 0 it
+/// does nothing.
 void pool_delete(void* pointer, int size) noexcept;
 
 /// A base without fields for classes of fixed size whose objects come from the pool.

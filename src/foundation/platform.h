@@ -2,8 +2,8 @@
 
 #include <cstdint>
 
-// Every call of the operating system. One source file for each system holds all the bodies; the
-// build chooses the file, and nothing else in the program differs between systems.
+// What the program needs of the operating system. Each system has a source file of its own with
+// all the bodies, chosen by the build, and nothing else in the program differs between systems.
 
 /// The character between the parts of a path: `/` or `\`.
 extern const char platform_separator;

@@ -5,13 +5,13 @@
 #include "foundation/ctr_3.h"
 #include "foundation/not_found.h"
 
-// Sorting and searching by index. Sorting moves indices, not elements: a heap sort, whose exact
-// steps fix the order of equal elements. Elements are compared by element_less unless another
-// order is given.
+// Sorting and searching. A sort works on a list of indices, so that large elements stay in place.
+// It is a heap sort; don't replace it by another one: equal elements would come out in another
+// order, which shows in the files written. element_less compares, unless a call names an order.
 
 using int_list_3 = list_0_3<int>;
 
-/// The order of elements by element_less.
+/// What a sort uses when the caller names no order.
 struct element_order_3 {
     template <typename T>
     bool operator()(const T& a, const T& b) const {
@@ -54,8 +54,8 @@ void heap_sort_positions(const T* elements, int* index, int count, Less less) {
     }
 }
 
-/// Fills `index` with the indices of `list` such that the elements ascend in that order. The list
-/// doesn't move. An index of the offset kind gets the first index of the list.
+/// Gives the indices of a list, that of the least element first. Nothing in the list changes. An
+/// index of the offset kind gets the first index of the list.
 template <typename List, typename Index, typename Less = element_order_3>
 void sort_index(const List& list, Index& index, Less less = {}) {
     const int count = list.n;
@@ -73,8 +73,8 @@ void sort_index(const List& list, Index& index, Less less = {}) {
     }
 }
 
-/// Rebuilds the list as its elements in the order of `index`, in a new block of exactly that
-/// capacity. An empty index clears the list.
+/// Replaces the list by the elements that `index` names, in its order and without spare room. An
+/// empty index clears the list.
 template <typename List, typename Index>
 void apply_index(List& list, const Index& index) {
     if (index.n == 0) return list.clear();
@@ -94,12 +94,19 @@ void sort(List& list, Less less = {}) {
     apply_index(list, index);
 }
 
-/// Gives the index of the first element of each run of equal elements, for a sorted `index` of a
-/// list of at least one element. Elements are equal when neither comes before the other.
+/// Gives a list `n` elements from index 0 on; what it held is lost.
+template <typename List>
+void size_from_0(List& list, int n) {
+    if constexpr (List::has_base) list.set_base(0);
+    list.set_n_discard(n);
+}
+
+/// Picks one index out of `index` for each value in the list: the one that sorting put first.
+/// `index` comes from sort_index, and the list mustn't be empty. Elements are equal when neither
+/// comes before the other.
 template <typename List, typename Index, typename Unique, typename Less = element_order_3>
 void unique_index(const List& list, const Index& index, Unique& unique, Less less = {}) {
-    if constexpr (Unique::has_base) unique.set_base(0);
-    unique.set_n_discard(list.n);
+    size_from_0(unique, list.n);
     const int* positions = index.block();
     int runs = 0;
     for (int k = 0; k < index.n; ++k) {
@@ -110,14 +117,13 @@ void unique_index(const List& list, const Index& index, Unique& unique, Less les
     unique.set_n(runs);
 }
 
-/// As unique_index, with the length of each run in `count`.
+/// As unique_index; `count` tells how often each value occurs.
 template <typename List, typename Index, typename Unique, typename Count,
           typename Less = element_order_3>
 void unique_count(const List& list, const Index& index, Unique& unique, Count& count,
                   Less less = {}) {
-    if constexpr (Unique::has_base) unique.set_base(0);
+    size_from_0(unique, list.n);
     if constexpr (Count::has_base) count.set_base(0);
-    unique.set_n_discard(list.n);
     count.new_n_zero(list.n);
     const int* positions = index.block();
     int runs = 0;
@@ -131,7 +137,7 @@ void unique_count(const List& list, const Index& index, Unique& unique, Count& c
     count.set_n(runs);
 }
 
-/// Sorts the list and keeps one element for each value. Fewer than 2 elements stay as they are.
+/// Sorts the list and drops repeated values. A list of one element isn't touched.
 template <typename List, typename Less = element_order_3>
 void sort_unique(List& list, Less less = {}) {
     if (list.n < 2) return;
@@ -142,8 +148,8 @@ void sort_unique(List& list, Less less = {}) {
     apply_index(list, unique);
 }
 
-/// What group() finds: the sorted index, the first element and the length of each run of equal
-/// elements, and the run that each element belongs to.
+/// What group() finds: the results of unique_count, and for each element of the list the number of
+/// its run of equal elements.
 struct group_record_3 {
     int_list_3 index;
     int_list_3 unique;
@@ -151,8 +157,7 @@ struct group_record_3 {
     list_n1_3<int> group;
 };
 
-/// Groups equal elements. group[i] is the number of the run that element i belongs to; it is
-/// indexed like the list.
+/// Finds out which elements of a list are equal. record.group has the indices of the list.
 template <typename List, typename Less = element_order_3>
 void group(const List& list, group_record_3& record, Less less = {}) {
     sort_index(list, record.index, less);
@@ -170,12 +175,12 @@ void group(const List& list, group_record_3& record, Less less = {}) {
     }
 }
 
-/// The first and last position of each run in the sorted order. With no runs the lists stay.
+/// Where each run begins and ends in record.index. Without runs `first` and `last` aren't touched.
 template <typename First, typename Last>
 void run_bounds(const group_record_3& record, First& first, Last& last) {
     if (record.unique.n == 0) return;
-    first.set_n_discard(record.unique.n);
-    last.set_n_discard(record.unique.n);
+    size_from_0(first, record.unique.n);
+    size_from_0(last, record.unique.n);
     int start = 0;
     for (int run = 0; run < record.unique.n; ++run) {
         first[run] = start;
@@ -184,11 +189,11 @@ void run_bounds(const group_record_3& record, First& first, Last& last) {
     }
 }
 
-/// The smallest element number in each run. With no runs `out` is cleared.
+/// For each run the least index of its elements; nothing for a record without runs.
 template <typename Out>
 void run_minima(const group_record_3& record, Out& out) {
     if (record.unique.n == 0) return out.clear();
-    out.set_n_discard(record.unique.n);
+    size_from_0(out, record.unique.n);
     int k = 0;
     for (int run = 0; run < record.unique.n; ++run) {
         int least = record.index[k];
@@ -238,7 +243,7 @@ requires(is_list_3<List> && !is_list_3<Less>) int bsearch(const List& list, cons
     return bsearch(list, key, list.first(), list.last(), less);
 }
 
-/// The same over a list that is sorted by `index`: gives the position in `index`.
+/// Searches a list that only `index` has in order. `low`, `high` and the result count in `index`.
 template <typename List, typename Key, typename Index, typename Less = element_order_3>
 requires(is_list_3<List>&& is_list_3<Index>) int bsearch(const List& list, const Key& key,
                                                          const Index& index, int low, int high,
@@ -254,24 +259,24 @@ requires(is_list_3<List>&& is_list_3<Index>) int bsearch(const List& list, const
     return bsearch(list, key, index, index.first(), index.last(), less);
 }
 
-/// A comparison of the elements of a sorted list with a key.
+/// What locate and nearest need to know of a sorted list and the value they look for.
 class B_cmp_w_3 {
 public:
-    /// Whether element `i` is below the key.
+    /// Not 0 if the value comes behind the element with this index.
     virtual int less_than_key(int) const { return 0; }
-    /// The signed distance of element `i` from the key.
+    /// How far the element with this index is from the value; the sign is free.
     virtual double distance(int) const { return 0.0; }
     virtual int first_index() const { return 0; }
     virtual int last_index() const { return 0; }
 };
 
-/// Compares the elements of a container `C` with a value of type `V`. Neither is owned.
+/// The comparison for a list and a key that stand elsewhere and outlive it.
 template <typename C, typename V>
 class cmp_w_4 : public B_cmp_w_3 {
 public:
     cmp_w_4(const C& container, const V& key) : container_(&container), key_(&key) {}
 
-    /// True unless the element is at least the key, so that a NaN counts as below it.
+    /// A NaN in the list counts as less than any key.
     int less_than_key(int i) const override { return !((*container_)[i] >= *key_); }
     int first_index() const override { return container_->first(); }
     int last_index() const override { return container_->last(); }
@@ -283,14 +288,14 @@ private:
 
 using double_list_3 = list_n1_3<double>;
 
-/// Narrows `low` and `high` until they stand next to each other around the key, or are equal when
-/// the key lies outside the list.
+/// Finds the gap that a key falls into, between the elements `low` and `high`. On return they are
+/// its two neighbours; for a key beyond either end both are the element at that end.
 void locate(const B_cmp_w_3& cmp, int& low, int& high);
 
-/// Runs locate and gives the one of the two indices that is nearer to the key by distance(), and
-/// that distance. With equal distances `high` wins.
+/// Locates the key and gives the closer neighbour, the upper one if both are equally far.
+/// `distance` becomes the absolute value of cmp.distance() there.
 int nearest(const B_cmp_w_3& cmp, double& distance, int& low, int& high);
 
-/// The run of a sorted list that falls in the range from `from` to `to`. Gives false, with `first`
-/// and `last` untouched, when the list is empty or `to` isn't above its first element.
+/// Of a sorted list, the index of the first element from `from` on and of the last one below `to`.
+/// False, and both stay as they are, if the list is empty or doesn't begin below `to`.
 bool find_range(const double_list_3& list, double from, double to, int& first, int& last);

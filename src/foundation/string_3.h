@@ -4,10 +4,10 @@
 #include "foundation/string_out.h"
 #include "foundation/text.h"
 
-/// The stored string: a NUL-terminated text in a buffer of exactly the size that the text first
-/// needed. Its length isn't stored, so that a NUL written into the text shortens it. It has one of
-/// three forms: empty and shared (nothing is allocated, all such strings point to one zero byte),
-/// owning (a buffer from the pool), or borrowing (somebody else's text, never freed here).
+/// A short text that is kept: a name, a path, a key. The buffer comes from the pool and has no
+/// spare room; where it is left out, `data` points to the one NUL that all empty strings have in
+/// common, or, after borrow(), to a text that isn't this string's to free. The NUL alone tells
+/// where the text ends: whoever writes one into `data` shortens it.
 class string_3 {
 public:
     string_3() noexcept : data(shared_empty()) {}
@@ -37,10 +37,10 @@ public:
 
     const char* text() const { return data; }
 
-    /// Copies `count` bytes, the NUL included. A count below 1 empties the text. The source may
-    /// lie in the string's own buffer.
+    /// Makes the text the `count` bytes at `source`, of which the last is NUL; with a count below 1
+    /// the text is empty. `source` may be a part of this text.
     void assign(const char* source, int count);
-    /// Copies `length` characters and adds a NUL.
+    /// As assign, for `length` characters without a NUL behind them.
     void assign_range(const char* source, int length);
     /// Points to a text that somebody else owns and that must outlive this; operations in place
     /// change that text.
@@ -57,30 +57,28 @@ public:
     bool is_empty() const { return data[0] == 0; }
     /// Empties the text and keeps the buffer.
     void clear() { data[0] = 0; }
-    /// Where the last character stands; for an empty text that is its NUL.
+    /// The address of the character before the NUL, or of the NUL if there is none.
     char* last();
 
-    /// Lower case in place, for A to Z.
+    /// Turns A to Z into a to z.
     void to_lower();
-    /// Replaces every `from` in the whole former extent of the text; with a `to` of NUL the text
-    /// ends at the first of them.
+    /// Puts `to` wherever the text has `from`. With NUL for `to` this cuts the text off there.
     void replace_char(char from, char to);
-    /// Removes the first character, if there is one.
+    /// Drops the first character, if there is one.
     void remove_first();
-    /// Removes every character that occurs in `set_text`.
+    /// Drops all characters that `set_text` names.
     void remove_chars(const char* set_text);
-    /// Replaces `what` by `with` in passes over the text, until a pass finds nothing; gives the
-    /// number of replacements. An empty `what` is never found. `with` must not contain `what`, or
-    /// the passes wouldn't end.
+    /// Puts `with` wherever the text has `what`, and again where that made a new `what`; gives how
+    /// often. An empty `what` is never found. Hangs if `with` has `what` in it.
     int replace_all(const char* what, const char* with);
     /// Puts double quotes around the text, unless it begins with one.
     void quote();
     /// Removes a leading double quote and then a trailing one; without the first nothing goes.
     void unquote();
 
-    char* data;        ///< the text, always NUL-terminated
-    int capacity = 0;  ///< bytes of the buffer; 0 when the string owns nothing
-    int owned = 0;     ///< size to give back to the pool; 0 when the string owns nothing
+    char* data;        ///< the text with its NUL; never null
+    int capacity = 0;  ///< bytes of the own buffer, 0 without one
+    int owned = 0;     ///< what pool_delete must be told for that buffer, or 0
 
 private:
     static char* shared_empty() noexcept;

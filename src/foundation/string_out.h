@@ -3,8 +3,8 @@
 #include "foundation/ctr_3.h"
 #include "foundation/text.h"
 
-/// The growing buffer in which text is composed. The count of the list includes the terminating
-/// NUL: an empty text has the count 1. A buffer that is too small becomes twice as large as needed.
+/// A text that is put together piece by piece. It is a list of characters that ends in a NUL, so
+/// `n` is never below 1. When the room runs out, the list gets double of what the text then needs.
 class string_out : public vec_3<char, int, ctr_base_0_3<char, char, mem_copy_3<char, char>>> {
 public:
     /// An empty text with room for `capacity` bytes.
@@ -30,15 +30,15 @@ public:
     void clear();
     /// Empties the text and leaves a buffer of exactly 1 byte.
     void reset();
-    /// Makes the text `length` characters long; new ones hold what the buffer held.
+    /// Cuts the text to `length` characters, or stretches it with undefined ones.
     void set_length(int length);
-    /// Adds `length` characters that are for the caller to fill.
+    /// Stretches the text by `length` undefined characters, to be overwritten.
     void extend(int length);
-    /// Removes the last character, if there is one.
+    /// Drops the last character, if there is one.
     void pop();
-    /// The last character, or 0 if the text is empty.
+    /// What the text ends in; NUL if it is empty.
     char last() const { return n < 2 ? '\0' : p[n - 2]; }
-    /// The character before the last, or 0 if there are fewer than 2.
+    /// What stands before last(); NUL if nothing does.
     char second_last() const { return n < 3 ? '\0' : p[n - 3]; }
 
 private:

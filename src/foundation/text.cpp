@@ -55,6 +55,10 @@ const char* number_text(std::uint64_t value) {
     return format_number("%-1.0f", static_cast<double>(value));
 }
 
+const char* number_text(std::int64_t value) {
+    return format_number("%-1.0f", static_cast<double>(value));
+}
+
 int round_nearest(double x) {
     if (!(x > -2147483649.0 && x < 2147483648.0)) return std::numeric_limits<int>::min();
     const int t = static_cast<int>(x);

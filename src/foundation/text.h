@@ -7,9 +7,10 @@
 #include "foundation/ctr_3.h"
 #include "foundation/not_found.h"
 
-// Characters, texts and numbers. A text is a NUL-terminated sequence of bytes without encoding.
+// Characters, texts and numbers. A text is any bytes up to a NUL; no encoding is assumed.
 
-/// A stretch of characters, `end` one past the last. It owns nothing and has no NUL of its own.
+/// Some of the characters of a longer text, from `begin` up to but without `end`; no NUL follows.
+/// The longer text must outlive it.
 struct char_range_3 {
     const char* begin = nullptr;
     const char* end = nullptr;
@@ -17,7 +18,7 @@ struct char_range_3 {
     int length() const { return static_cast<int>(end - begin); }
 };
 
-/// A set of byte values as 256 bits. NUL may be a member.
+/// A set of characters; NUL can be one of them. Asking for one costs a look at one bit.
 class char_set_3 {
 public:
     constexpr char_set_3() = default;
@@ -38,35 +39,36 @@ private:
     std::uint8_t bits[32] = {};
 };
 
-/// 1 if two texts are equal byte for byte, else 0.
+/// Whether two texts are the same, as 1 or 0.
 inline int text_equal(const char* a, const char* b) { return std::strcmp(a, b) == 0; }
 
-/// 1 if `a` sorts before `b`, else 0. Bytes count as signed values, so that those from 128 up come
-/// before all of ASCII; the NUL at the end of the shorter text takes part. All sorted tables of
-/// texts are in this order.
+/// The order of all sorted lists of texts, as 1 or 0. It compares signed bytes, on every system:
+/// bytes beyond ASCII (128 to 255) come first, even before the NUL of a text that ends there.
 int text_less(const char* a, const char* b);
 
-/// The index of the first `c` in a text, or not_found. NUL isn't found.
+/// Where `c` first stands in a text, or not_found. The NUL at the end isn't looked at.
 int text_index(char c, const char* text);
 
-/// 1 if `text` begins with `prefix`; an empty prefix gives 1.
+/// Whether a text has `prefix` at its start, as 1 or 0. With no prefix it is 1.
 int text_starts(const char* text, const char* prefix);
 
-/// Lower case for the letters A to Z, whatever the locale; other bytes as they are.
+/// Turns A to Z into lower case and leaves all other bytes alone. Unlike std::tolower it doesn't
+/// ask the locale.
 constexpr char lower_char(char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c + 32) : c; }
 
-/// The integer at the start of a text by the rules of atoi: white space, a sign, digits. A text
-/// that is no number gives 0; a number beyond 32 bits gives the nearest one that fits.
+/// The integer at the start of a text, as atoi takes it: white space, a sign, digits. Without
+/// digits it is 0; a number beyond 32 bits gives the nearest one that fits.
 int int_of_text(const char* text);
 
-/// The number at the start of a text, by the rules of atof.
+/// The number at the start of a text, as atof takes it.
 double double_of_text(const char* text);
 
-/// The scratch that format_number writes into, with at least the capacity that `format` needs.
+/// Where format_number writes: one buffer for the whole program, made large enough for `format`.
 vec_3<char, int, ctr_base_0_3<char, char, mem_copy_3<char, char>>>& format_scratch(
     const char* format);
 
-/// One number by a printf format. The text is shared: it is valid until the next call.
+/// Writes a number as printf does. All calls write into one buffer: use the text, or copy it,
+/// before another number is written.
 template <typename Number>
 const char* format_number(const char* format, Number value) {
     auto& scratch = format_scratch(format);
@@ -74,12 +76,14 @@ const char* format_number(const char* format, Number value) {
     return scratch.p;
 }
 
-/// The text of a number in the one format that its type has: "%d" for int, "%-.9g" for double.
+/// A number as text: "%d" for int, "%-.9g" for double. It lasts as that of format_number.
 const char* number_text(int value);
 const char* number_text(double value);
 
-/// A 64-bit integer by "%-1.0f": beyond 2^53 the low digits are lost.
+/// A 64-bit integer as "%-1.0f" writes it, so rounded to a double if it is beyond 2^53.
 const char* number_text(std::uint64_t value);
+const char* number_text(std::int64_t value);
 
-/// The nearest integer, halves away from zero. Values that no int holds give -2147483648.
+/// Rounds as std::lround does, so 0.5 to 1 and -0.5 to -1. What doesn't fit an int gives
+/// -2147483648.
 int round_nearest(double x);

@@ -3,16 +3,16 @@
 #include "driver/sg_file_names_3.h"
 #include "foundation/string_out.h"
 
-// Running another program, and learning whether it failed by a marker file: the child is told the
-// name of an error file with the option -e, and creates that file when it fails.
+// Running the tool, or a program like it, in another process. The exit status says nothing, so the
+// option -e names an error file: if it is there at the end, the child failed.
 
-/// The path of the error file: the data directory's prefix and "err.txt", fixed at first use.
+/// Where the error file is made: "err.txt" behind what data_dir() was at the first call.
 const string_out& error_file_path();
 
-/// A command line for a child process. While it lives, the error file belongs to it: one at a time.
+/// A command line that can be run. All objects use one error file, so don't keep two at a time.
 class args_err_3 : public string_out {
 public:
-    /// An empty line. Removes an error file that was left behind.
+    /// An empty line. An old error file, of whatever run, is removed.
     args_err_3();
     args_err_3(const args_err_3&) = delete;
     args_err_3& operator=(const args_err_3&) = delete;
@@ -22,16 +22,16 @@ public:
     /// Appends ` -e "..."` with the path of the error file.
     void add_error_option();
 
-    /// Runs the line; 1 if no error file has appeared, else 0, and the error file is gone.
+    /// Runs the line and looks for the error file: 0, and removes it, if there is one; else 1.
     int run();
 };
 
-/// Generates the .sg file of a group by its run_command, with the error option; 1 if no error file
-/// has appeared, else 0. A symbol with characters that no symbol has, which the command interpreter
+/// Runs the names' run_command with the error option, so that the .sg file comes into being. As
+/// args_err_3::run, but a symbol with characters that no symbol has, which the command interpreter
 /// might take for its own, isn't run and gives 0.
 int run_generation(sg_file_names_3& names);
 
-/// Runs command lines in the place of the standard library's `system`.
+/// Takes over the running of command lines from std::system, where a program can do it better.
 class command_runner_3 {
 public:
     virtual void run(const char* command, int flags) = 0;
@@ -50,7 +50,7 @@ void run_command_line(const char* command);
 inline constexpr int wait_for_process = 1;
 inline constexpr int process_without_window = 2;
 
-/// Starts the command interpreter with a command; 0 if it started, else 1.
+/// Has the command interpreter run a command. 0 if that could be started, else 1.
 int run_process(const char* command, int flags);
 
 /// Remembers the current directory.

@@ -3,7 +3,7 @@
 #include <cstddef>
 
 // Two doubles that are worked on by one instruction. The compilers of this project know such
-// vectors on every machine, so that the code has no need of an optimiser that finds them.
+// vectors for every processor, so that the code has no need of an optimiser that finds them.
 
 using double_pair_3 __attribute__((vector_size(16))) = double;
 

@@ -2,13 +2,13 @@
 
 #include "foundation/ctr_3.h"
 
-// Tables of functions of small integers, for inner loops that would divide or take roots:
+// Four functions of whole numbers from 0 up, looked up where computing them would take too long:
 //
-//     const auto& reciprocal = td_1_on_x().table_for(n);     // once, before the loop
-//     ... reciprocal[i] ...                                  // for i from 0 to n - 1
+//     const auto& reciprocal = td_1_on_x().table_for(n);
+//     for (int i = 0; i < n; ++i) y[i] = x[i] * reciprocal[i];
 //
-// A table begins with 8192 entries and is replaced by a larger one on demand. In a program that
-// uses any of them, all four are built before main runs.
+// Each begins with 8192 values and makes a longer table when somebody needs it. A program that
+// names one of them builds all four before main runs.
 
 using function_table_3 =
     vec_3<double, double, ctr_base_0_3<double, double, mem_copy_3<double, double>>>;
@@ -29,18 +29,19 @@ public:
     td_max_n_chk_3(const td_max_n_chk_3&) = delete;
     td_max_n_chk_3& operator=(const td_max_n_chk_3&) = delete;
 
-    /// Builds the first table if there is none; else destroys all tables but the newest.
+    /// Without tables makes one; of several keeps only the longest.
     void reset() override;
-    /// Sets the entries from max(from, 1) to the last of `table`, and entry 0.
+    /// Computes the values of `table` from index `from` on, and in any case the one at 0, where the
+    /// function may have none.
     virtual void fill(V& table, int from) const = 0;
-    /// The size of the first table.
+    /// How long a table is to begin with.
     virtual int start_n() const { return 8192; }
 
-    /// A table of at least `n` entries. It stays valid until the next call that asks for more than
-    /// the table holds. Throws std::bad_alloc when there is no room for it.
+    /// The values at 0 to n - 1, and perhaps more. The reference is good until a call needs a
+    /// longer table than this one. Throws std::bad_alloc when there is no room for it.
     const V& table_for(int n);
 
-    list_0_3<V*> tables;  ///< the newest last
+    list_0_3<V*> tables;  ///< the longest last
 
 protected:
     ~td_max_n_chk_3();
@@ -67,14 +68,14 @@ public:
     void fill(function_table_3& table, int from) const override;
 };
 
-/// The natural logarithm; -1e140 at 0, so that sums of logarithms stay finite.
+/// The natural logarithm; -1e140 at 0, which can be added up unlike an infinity.
 class td_ln_soft_3 final : public td_max_n_chk_3<function_table_3> {
 public:
     td_ln_soft_3() { reset(); }
     void fill(function_table_3& table, int from) const override;
 };
 
-// The one object of each class.
+// Where the tables are found.
 td_1_on_x_soft_3& td_1_on_x();
 td_sqrt_x_soft_3& td_sqrt_x();
 td_1_on_sqrt_x_soft_3& td_1_on_sqrt_x();

@@ -18,7 +18,7 @@ void append_name(char_range_3 name, string_out& names) {
     names << name;
 }
 
-// The names of the slot in which the first number of a record stands, or of the last slot.
+// The setting whose names count: that of the bare number, else the last one.
 string_3 names_of_record(char_range_3 body) {
     vstring_in in(body);
     string_out names;

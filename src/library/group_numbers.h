@@ -3,18 +3,18 @@
 #include "catalogue/sg_catalogue_entry_3.h"
 #include "textout/stream_out.h"
 
-/// The names of the 230 space groups in the catalogue, in lower case: entry i holds those of group
-/// i, with a blank between two. They are the names of one setting, the one of the number alone; an
-/// entry may be empty. Read at first use; fails as load_sg_names does.
+/// By group number, 1 to 230, what the catalogue calls the group in the setting that its bare
+/// number stands for: lower case, blanks between the names, empty if it has none. Read at first
+/// use; fails as load_sg_names does.
 const vector_string_3& sg_name_table();
 
 /// Reads these names. Fails with " File", the path and " is corrupt" on a record whose number isn't
 /// 1 to 230, and when the file is missing or malformed; the list stays as it was then.
 void load_sg_names(vector_string_3& names);
 
-/// The number of the group that a text names; 0 if no name in the table equals it. A text that
-/// begins with a digit is a number, of whatever size. Fails with " No Spacegroup" when nothing but
-/// blanks and parentheses was given.
+/// Looks a symbol up in that table and gives the group number, or 0. What begins with a digit is
+/// taken for a number and not looked up. Fails with " No Spacegroup" for a text of blanks and
+/// parentheses.
 int sg_number_of(const char* text);
 
 // Results of load_space_group.

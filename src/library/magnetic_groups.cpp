@@ -30,7 +30,7 @@ void skip_lines(sstring_in& in, int n) {
     }
 }
 
-// Appends the operators of the record; a file without it leaves the list as it was.
+// Reads the operators of one record, if the file has it.
 void read_magnetic_record(sstring_in& in, const char* key, xyz_list_3& ops, string_3& name) {
     for (in.skip_white(); in.at_end() == 0; in.skip_white()) {
         const bool found = sstring_in::range_equal(in.token(), key) != 0;

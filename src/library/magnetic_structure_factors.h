@@ -11,8 +11,8 @@ struct mag_atom_3 {
     int form_factor = 0;
 };
 
-/// A magnetic structure-factor vector: axis 1 real, axis 1 imaginary, axis 2 real, ...; components
-/// along a, b, c, in 1e-12 cm.
+/// A magnetic structure factor is a complex vector: its component along a, as real and imaginary
+/// part, then those along b and c, in 1e-12 cm.
 struct mag_factor_3 {
     double part[6];
 };
@@ -29,8 +29,8 @@ public:
     /// object.
     void set_up(const xyz_list_3& ops, const list_0_3<triple_3>& hkls);
 
-    /// One vector for each reflection, in `result`. The lists of `table` that atoms ask for must be
-    /// as long as the list of reflections.
+    /// Puts a vector for each reflection into `result`. The lists of `table` that atoms ask for
+    /// must be as long as the list of reflections.
     void sum(const list_0_3<mag_atom_3>& atoms, const scattering_table_3& table,
              list_0_3<mag_factor_3>& result);
 

@@ -13,8 +13,8 @@
 // f is 1 or comes from `t`.
 //
 // There is one kernel for each role, told by the tables of sg_phase_sum_3, and each case, told by
-// kernel_case_3; none of them tests the data or multiplies by a term that is known to be zero.
-// Nothing is checked: `w`, `t` and `out` must have room for n reflections.
+// kernel_case_3, so that loops have no branches and leave out what a case says is zero. Nothing is
+// checked: `w`, `t` and `out` must have room for n reflections.
 
 /// The kernels of one case, by role.
 struct phase_kernel_set_3 {

@@ -1,13 +1,13 @@
 #pragma once
 
-// Two sources of random numbers: a portable generator whose sequence is the same everywhere, and
-// shapes of the standard library's rand(), whose sequence is the platform's. Of rand() 15 bits are
-// used, a number of 0 to 32767, on every system.
+// Random numbers of two kinds. Those of shuffle_random are the same on every system. The others are
+// made from std::rand, of which only 15 bits are taken everywhere, 0 to 32767, and differ between
+// systems.
 
-/// The next number of the portable generator, above 0 and at most 0.99999988: the minimal standard
-/// generator of Park and Miller behind a shuffle table of 32 entries, which all callers share. The
-/// caller owns the seed, which each call changes. A seed of 0 or less starts the sequence of its
-/// size anew; so does the first call of the process, for which a positive seed counts as 1.
+/// Gives a number above 0, at most 0.99999988: a linear congruential sequence (times 16807, modulo
+/// 2^31 - 1) that a table of 32 of its numbers shuffles. The table is one for the whole process;
+/// `seed` is changed by each call. To begin again, give a negative seed, -1, -2, ... for different
+/// sequences (0 is like -1). The first call begins in any case, a positive seed being taken for 1.
 double shuffle_random(int& seed);
 
 /// A deviate that a caller may keep for later; -9999 when there is none.
@@ -19,15 +19,15 @@ void seed_random(unsigned n);
 /// The same by the time of day, in seconds. Gives the first number of rand().
 int seed_random_by_time();
 
-/// 0 to 1, both included, in steps of 1/32767.
+/// A multiple of 1/32767 in [0, 1].
 double random_unit();
-/// 0 up to but not including 1, in finer steps, from two numbers of rand().
+/// A number in [0, 1), in finer steps; uses up two numbers of rand().
 double random_fine();
 /// An integer of `low` to `high`, both included. The two ends come half as often as the others.
 int random_int(int low, int high);
-/// 0 to 255, both included. The two ends come half as often as the others.
+/// An integer in [0, 255], with ends as in random_int.
 int random_byte();
-/// 1 up to but not including 255.
+/// A number in [1, 255), as fine as those of random_fine.
 double random_above_one();
 
 // What these make of given numbers of rand(), 0 to 32767.

@@ -51,7 +51,7 @@ private:
 
     int_list_3 l_;
     list_0_3<run> runs_;
-    std::int64_t largest_ = 0;  ///< the greatest size of an index
+    std::int64_t largest_ = 0;  ///< no index is beyond this or below its negative
     bool by_factors_ = false;
     phase_list_3 phases_;
     list_0_3<sine_cosine_3> factors_;  ///< for each rotation row those of -largest_ to largest_

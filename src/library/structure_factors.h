@@ -15,7 +15,7 @@ struct sf_atom_3 {
 /// edge.
 int site_order_3(const xyz_list_3& ops, const double position[3]);
 
-/// The real and the imaginary part of a structure factor.
+/// A structure factor a + ib.
 struct structure_factor_3 {
     double a;
     double b;
@@ -37,16 +37,16 @@ struct scattering_table_3 {
 ///     sums.set_up(ops, hkls);
 ///     sums.sum(atoms, table, result);
 ///
-/// The set-up serves any number of sums. Its time goes with operators and reflections; that of a
-/// sum goes with atoms, groups of equal rotation and reflections.
+/// After one set_up, sum may be called as often as wanted. The former takes time in proportion to
+/// operators and reflections; the latter to atoms, different rotations and reflections.
 class structure_factors_3 {
 public:
     /// `ops` is the whole group, each operator once, centring copies included, and must outlive the
     /// object.
     void set_up(const xyz_list_3& ops, const list_0_3<triple_3>& hkls);
 
-    /// One structure factor for each reflection, in `result`. The lists of `table` that atoms ask
-    /// for must be as long as the list of reflections.
+    /// Puts a structure factor for each reflection into `result`. The lists of `table` that atoms
+    /// ask for must be as long as the list of reflections.
     void sum(const list_0_3<sf_atom_3>& atoms, const scattering_table_3& table,
              list_0_3<structure_factor_3>& result);
 

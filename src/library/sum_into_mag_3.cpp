@@ -137,7 +137,7 @@ namespace {
 
 using mask_table = B_sum_into_mag_3* [n_masks];
 
-// First the adding objects, then the storing ones. None of them is ever destroyed.
+// The 64 objects that add and the 64 that store. None of them is ever destroyed.
 void build_mask_table(mask_table& table) {
     void* places[n_masks];
     for (int m = 0; m < n_masks; ++m) places[m] = alloc_block(sizeof(adding_sum_into_mag_3));

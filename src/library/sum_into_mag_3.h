@@ -2,16 +2,16 @@
 
 #include "reflections/phase_records.h"
 
-// How the contribution of a group of magnetic operators is laid down in rows of six numbers, one
-// row for each reflection: axis 1 real, axis 1 imaginary, axis 2 real, ... The pair (s, c) of `w`
-// for the group and the reflection is multiplied by a real factor and by the moment of the group:
+// The last step of magnetic sums: what a group of operators scatters goes to `out`, where each
+// reflection has a row of six numbers, real and imaginary part for one axis after the other. They
+// come from the pair (s, c) of `w`, a real factor, and the moment of the group:
 //
 //     real form:  c M0, s M3, c M1, s M4, c M2, s M5
 //     i form:     the same with -s for c, and c for s
 //
 // Nothing is checked: `w`, `t`, `v` and `out` must have room for all rows of `out`.
 
-/// Adds to a number of a row, or stores it.
+/// What becomes of a new value: d adds it to the number in the row, e overwrites that.
 struct d_sum_into_mag_1 {
     static void take(double& to, double value) { to += value; }
 };
@@ -19,7 +19,8 @@ struct e_sum_into_mag_1 {
     static void take(double& to, double value) { to = value; }
 };
 
-/// An entry of the mask table.
+/// The operations for moments in which certain numbers are 0, which are left out. Objects either
+/// add to the rows or overwrite them; below, "gives" stands for both.
 class B_sum_into_mag_3 {
 public:
     /// The real form with a factor from `t`.
@@ -39,17 +40,18 @@ public:
     virtual void sum_f_t(const store_3<float>& v, const number_store_3& t, int row,
                          const number_store_3& w, const number_store_3& out,
                          const moment_3& moment) const = 0;
-    /// Each row of `out` takes that of `in` times its element of `scale`.
+    /// Gives row i of `in` times scale[i] to row i of `out`, all six numbers.
     virtual void sum_scaled(const number_store_3& out, const number_store_3& in,
                             const list_0_3<double>& scale) const = 0;
-    /// Each row of `out` takes that of `in`.
+    /// As sum_scaled without a scale.
     virtual void sum_rows(const number_store_3& out, const number_store_3& in) const = 0;
-    /// Each row of `out` is multiplied by its element of `scale`, whatever the object.
+    /// Multiplies row i of `out` by scale[i]. All objects do the same here.
     virtual void scale_rows(const number_store_3& out, const list_0_3<double>& scale) const = 0;
 
-    /// The object with the same mask that stores; of a storing object, itself.
+    /// For an object that adds, the one to use for the first contribution. Others are their own.
     const B_sum_into_mag_3* twin;
-    /// Which of the six numbers of a row may differ from 0: the highest bit for the first.
+    /// 32 for the first number of a row down to 1 for the last, added up for those that the moment
+    /// doesn't leave at 0.
     int mask;
 
 protected:
@@ -57,7 +59,8 @@ protected:
     ~B_sum_into_mag_3() = default;
 };
 
-/// The entries: one policy for each number of a row. Those of the table have six equal ones.
+/// The class of the objects. A parameter says whether its number of the row is added to (d) or
+/// overwritten (e).
 template <typename P0, typename P1, typename P2, typename P3, typename P4, typename P5>
 class sum_into_mag_3;
 
@@ -66,16 +69,17 @@ using adding_sum_into_mag_3 = sum_into_mag_3<d_sum_into_mag_1, d_sum_into_mag_1,
 using storing_sum_into_mag_3 = sum_into_mag_3<e_sum_into_mag_1, e_sum_into_mag_1, e_sum_into_mag_1,
                                               e_sum_into_mag_1, e_sum_into_mag_1, e_sum_into_mag_1>;
 
-/// The adding object with the mask `m`, 0 to 63. It lives until the process ends.
+/// The object for the mask `m`, 0 to 63, that adds. The 128 objects are shared and never go.
 const B_sum_into_mag_3* mask_entry(int m);
 
-/// The mask of a moment and the entry that it selects. Numbers up to 1e-11 count as 0.
+/// What mask_of finds out: which object is the quickest that is right for a moment. It takes a
+/// number of at most 1e-11 in size for 0.
 struct moment_mask_3 {
     int mask;
     const B_sum_into_mag_3* entry;
 };
 moment_mask_3 mask_of(const moment_3& moment);
 
-/// The entry for the union of the masks.
+/// An object that is right for two moments, or for a whole list of them.
 const B_sum_into_mag_3* combine(const B_sum_into_mag_3* a, const B_sum_into_mag_3* b);
 const B_sum_into_mag_3* combine(const mag_entry_list_3& list);

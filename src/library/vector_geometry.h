@@ -3,22 +3,22 @@
 #include "textin/sstring_in.h"
 #include "textout/stream_out.h"
 
-// Points and directions in Cartesian space. A vector is an array of three doubles, a matrix one of
-// nine by rows. Angles are in radians unless the text says degrees. An output may be the same array
-// as an input. Components that aren't finite give results that aren't.
+// Geometry with double v[3], orthogonal coordinates of equal units, and double matrix[9], one row
+// behind the other. Where nothing is said about an angle it is in radians. An output may be the
+// same array as an input. Components that aren't finite give results that aren't.
 
-/// Thrown by value when an angle is asked of a vector that is too short to have a direction.
+/// A vector of (nearly) no length has no direction and so no angle. Catch this by reference.
 class xyz_bad_angle_3 {};
 
 /// What stands in a result that couldn't be computed.
 inline constexpr double no_value_3 = -999.0;
 
-/// The unit matrix, filled at first use.
+/// 1 on the diagonal, else 0.
 const double* identity_3();
 
 // Basic operations
 
-/// The length of b - a.
+/// How far apart two points are.
 double distance(const double a[3], const double b[3]);
 double distance_squared(const double a[3], const double b[3]);
 double length_squared(const double a[3]);
@@ -26,16 +26,16 @@ double length_squared(const double a[3]);
 void difference(const double a[3], const double b[3], double out[3]);
 double dot_product(const double a[3], const double b[3]);
 void cross_product(const double a[3], const double b[3], double out[3]);
-/// Divides by the length, in place. A zero vector becomes non-numbers.
+/// Makes a unit vector of a. All components become NaN if they are 0.
 void normalise(double a[3]);
-/// Moves the point p along n onto the plane of all x whose dot product with n is d.
+/// Replaces p by the nearest point of the plane n x = d, where n may have any length.
 void project_on_plane(double p[3], const double n[3], double d);
 /// Three numbers, as sstring_in::read_double reads them.
 void read_vector(double v[3], sstring_in& in);
-/// With a blank between the numbers; as they are in a binary stream.
+/// The counterpart: blanks between the numbers, but for a binary stream, which gets bytes.
 void write_vector(const double v[3], stream_out& stream);
 
-// Angles. These throw xyz_bad_angle_3.
+// Angles. Any of them may throw an xyz_bad_angle_3.
 
 double cos_between(const double a[3], const double b[3]);
 /// 0 to pi.
@@ -61,28 +61,30 @@ void direction_angles(const double v[3], double& phi, double& theta);
 /// The same, and the length.
 void to_spherical(const double v[3], double& phi, double& theta, double& r);
 
-/// The lengths of a + b + c, a + b - c, a - b + c and a - b - c: the diagonals of a cell.
+/// How long the four body diagonals of a cell are. All contain +a; the signs of b and c are ++, +-,
+/// -+ and --.
 void diagonals(const double a[3], const double b[3], const double c[3], double out[4]);
 
 // Atoms, as points. A result that can't be computed stays no_value_3.
 
-/// The angle at b between a and c, in degrees, and the distance from a to b. Answers 1, or 0 if the
-/// angle can't be computed.
+/// The bond a-b and the bond angle a-b-c in degrees. 1, or 0 if b is (nearly) where a
+/// or c is.
 int distance_angle(const double atom_a[3], const double atom_b[3], const double atom_c[3],
                    double& dist, double& angle);
-/// The torsion angle of a-b-c-d in degrees, above -180 and at most 180, the angle at b between a
-/// and c, and the distance from a to b. Answers 1, or 0 if an angle can't be computed; what was
-/// computed before it stays, in the order torsion, angle, distance.
+/// As distance_angle, and the torsion angle a-b-c-d in degrees, above -180 and at most 180. The
+/// torsion is done first, then the angle, then the distance; a 0 tells that one of the angles has
+/// no value, and what would have come behind it has none either.
 int distance_angle_torsion(const double atom_a[3], const double atom_b[3], const double atom_c[3],
                            const double atom_d[3], double& dist, double& angle, double& torsion);
 
 // Rotation matrices
 
-/// The right-handed rotation about an axis. Fails with " Colinear in get_rotation_matrix" when the
-/// axis is too short.
+/// Turns by `angle` about `axis`: from x to y if the axis is z. Fails with
+/// " Colinear in get_rotation_matrix" when the axis is (nearly) 0.
 void axis_rotation_matrix(const double axis[3], double matrix[9], double angle);
-/// The rotation that turns the direction a into the direction b. Answers 1, or 0 if one of them is
-/// too short. Fails with " Colinear in get_rotation_matrix" when they are parallel or opposite.
+/// Turns the vector a, about the normal of a and b, until it points as b does. 1, or 0 without a
+/// matrix if a or b is (nearly) 0. Fails with " Colinear in get_rotation_matrix" when they are
+/// parallel or opposite.
 int get_rotation_matrix(const double a[3], double matrix[9], const double b[3]);
 
 // Planes
@@ -92,7 +94,8 @@ int get_rotation_matrix(const double a[3], double matrix[9], const double b[3]);
 /// non-numbers.
 void plane_through(const double p[3], const double a[3], const double b[3], double u[3],
                    double v[3], double normal[3], double& d);
-/// An orthonormal frame of three vectors in a row: the unit normal of a plane and two vectors in
-/// the plane. `origin` becomes the projection of `point` on the plane of `normal` and `d`.
+/// Coordinates for a plane, which `normal` and `d` define as in project_on_plane. `frame` becomes
+/// three unit vectors at right angles, the first along `normal`; `origin` is where `point` has its
+/// projection.
 void plane_frame(double frame[9], double origin[3], const double normal[3], double d,
                  const double point[3]);

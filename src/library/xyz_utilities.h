@@ -2,18 +2,17 @@
 
 #include "symmetry/xyz_op_3.h"
 
-// Operations on single axes of operators, and on the cycles of a generator. An axis or a column is
-// 0, 1 or 2.
+// What programs ask of operators beside xyz_op_3.h: about one axis (0, 1 or 2 for a, b or c), and
+// about what a generator leads to.
 
-/// The list that holds the identity alone; it lasts for the whole run.
+/// The operators of P 1.
 const xyz_list_3& identity_xyzs();
 
 /// The smallest translation along an axis other than 0, as signed numbers; 0 if there is none.
 int smallest_translation(const xyz_list_3& ops, int axis);
-/// Sets the row of an axis, coefficients and translation, to 0 in every operator.
+/// Makes all operators send that coordinate to 0.
 void clear_axis(xyz_list_3& ops, int axis);
-/// 1 if the row of an axis is that of the unit matrix in every operator, else 0. Translations don't
-/// count.
+/// 0 if an operator does more to that coordinate than to add a translation, else 1.
 int axis_is_unit(const xyz_list_3& ops, int axis);
 bool column_is_zero(const xyz_op_3& op, int column);
 
@@ -29,7 +28,7 @@ int rotation_cycle(const xyz_op_3& g, xyz_op_3& h, xyz_list_3& ops);
 
 /// For each operator x in the list, appends g x, g g x, ... normalised, up to the first that equals
 /// the normalised x, and gives 1; or 0 as soon as 14 products of an x didn't come back to it. An
-/// empty list gets the identity first. So the identity becomes the cyclic group of g.
+/// empty list is taken for that of P 1 and so becomes the cyclic group of g.
 int close_cycles(const xyz_op_3& g, xyz_list_3& ops);
 
 /// 1 if a power of `op`, the 24th at most, has the rotation of `target`; else 0. It stops at the

@@ -13,7 +13,7 @@ int order_of(const xyz_op_3& op) {
     return order == 0 ? highest_order + 1 : order;
 }
 
-// The distinct rotations of a list.
+// The rotations of a list without repetitions.
 xyz_list_3 distinct_rotations(const xyz_list_3& ops) {
     xyz_list_3 rotations(ops);
     for (xyz_op_3& op : rotations) {

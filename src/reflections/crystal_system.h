@@ -6,6 +6,6 @@
 /// trigonal, hexagonal, cubic. The place of a letter in this text is its number.
 inline constexpr char crystal_system_letters_3[] = "amotrhc";
 
-/// The crystal system of a list of operators, as a place in the letters above, from the cyclic
-/// subgroups of its point group. Fails with " Cannot find Crystal System from xyz's".
+/// Tells the crystal system, as a place in the letters above, by how many axes of each order there
+/// are. Fails with " Cannot find Crystal System from xyz's".
 int crystal_system_of_3(const xyz_list_3& ops);

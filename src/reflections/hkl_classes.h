@@ -4,24 +4,25 @@
 #include "symmetry/xyz_op_3.h"
 #include "textin/sstring_in.h"
 
-// Reflection operators and the seven classes of reflections.
+// How symmetry takes one reflection to another.
 //
-// A reflection operator is an xyz_op_3 whose rows give the new h, k and l in terms of the old; its
-// translation is 0. A class is a pattern of zero indices, in the order hkl, hk0, h0l, 0kl, h00,
-// 0k0, 00l. The class lists of a group are seven lists of operators in that order.
+// The operators are of type xyz_op_3 without translation: (R h)i is the new index i. Where indices
+// are 0 fewer operators make a difference, so the reflections are divided by their zeros into seven
+// classes, numbered from 0: hkl, hk0, h0l, 0kl, h00, 0k0, 00l. A group has a list of operators for
+// each class.
 
 inline constexpr int n_hkl_classes_3 = 7;
 
 using class_lists_3 = list_0_3<xyz_list_3>;
 
-/// The names of the seven classes.
+/// What the classes are called in files, by number.
 const string_list_3& hkl_class_names_3();
 
-/// The class of a reflection; 0, 0, 0 falls to class 0.
+/// The number of a reflection's class. That of 0, 0, 0 is 0, though it is no hkl.
 int hkl_class_of_3(int h, int k, int l);
 
-/// Reads the seven class blocks of a .sg file, which stand in class order behind the stream's
-/// position. Fails when one is missing or malformed.
+/// Reads the blocks of the classes, one behind the other, out of a .sg file. Fails when one of the
+/// seven is missing or malformed.
 void load_hkl_classes_3(sstring_in& in, class_lists_3& classes);
 
 /// Doubles each list: behind its n operators come their negatives, in the same order.

@@ -8,11 +8,12 @@
 // The loops of hkl_generator_3, for the files that define its lists. What is to be done with a
 // reflection comes from the caller.
 
-/// Calls take(h, k, l) for each reflection within the limits that isn't marked when its turn comes
-/// and whose residues are allowed: h from 0, k and l from minus their limits, l innermost.
+/// Goes through the reflections within the limits, but for those with h below 0, whose mates have
+/// it above: all l of an h and a k before the next k, upward. Calls take(h, k, l) for those that
+/// aren't marked by then and whose residues are allowed.
 template <typename Take>
 void hkl_generator_3::enumerate(const residue_sets& allowed, const triple_3& limits, Take take) {
-    // What lies outside the grid has no cell; a complete class list never lets that happen.
+    // Limits beyond the grid, which only an incomplete class list leads to, are cut to it.
     int within[3];
     for (int i = 0; i < 3; ++i) {
         within[i] =

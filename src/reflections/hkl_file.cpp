@@ -122,7 +122,7 @@ private:
     static constexpr int width = 5;
     static constexpr int row_room = 64;
 
-    // A blank, then the value right-aligned in four columns; wider if it needs that.
+    // As write_cell (textout/row_writers.h), with a look-up where it can.
     static char* cell_text(int value, char* out) {
         char digits[16];
         const char* const end = std::to_chars(digits, digits + sizeof digits, value).ptr;

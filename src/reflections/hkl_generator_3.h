@@ -11,20 +11,20 @@
 
 using row_list_3 = list_0_3<hkl_row_3>;
 
-/// Lists the unique, present reflections of a group. A grid of one bit for each triple of indices
-/// remembers which reflections were met as equivalents of others.
+/// Finds the reflections that a measurement of a crystal can give: one of each set of equivalent
+/// ones, without the absent. A grid of bits, addressed by h, k and l, keeps what was met before.
 class hkl_generator_3 {
 public:
-    /// Appends to `rows` each unique reflection that has a member within the limits, unsorted: the
-    /// greatest equivalent, which may lie beyond the limits, and the number of equivalents, Friedel
-    /// mates included. The class lists come from the .sg file, the operators from `ops`, which
-    /// must outlive the generator. Fails with the failures of reading, and with
+    /// Appends a row to `rows` for each set of equivalents that the limits don't miss altogether,
+    /// in no useful order: the greatest of them by h, k, l, be it outside the limits, and how many
+    /// there are, Friedel mates included. The class lists come from the .sg file, the operators
+    /// from `ops`, which must outlive the generator. Fails with the failures of reading, and with
     /// " Index limits too large" when the grid can't be held.
     void generate(const char* sg_path, const xyz_list_3& ops, const triple_3& limits,
                   row_list_3& rows);
 
-    // For programs that hold the class lists, without Friedel mates, in memory. A class without a
-    // list has no reflections. (library/reflection_variants.cpp)
+    // The same without a file: the class lists are arguments, and have no Friedel mates. A class
+    // without a list has no reflections. (library/reflection_variants.cpp)
 
     /// As generate; with `tests` 0 absent reflections are listed, too.
     void generate_all(const class_lists_3& class_lists, const xyz_list_3& ops,
@@ -42,9 +42,9 @@ public:
     friend void mark_present(hkl_generator_3& first, hkl_generator_3& second, int mode,
                              const char* sg_path, const xyz_list_3& ops, const triple_3& limits);
 
-    /// The test value of a reflection: 1 if the structure factor of an atom at one of two test
-    /// positions doesn't vanish, else the square of its size. A reflection is present when the
-    /// value is greater than 1e-9. `sums` is scratch.
+    /// Above 1e-9 if a reflection is present, at most that if it is absent. The number is 1 where
+    /// an atom at one of two positions gives a real or imaginary part of more than 1e-4, and
+    /// otherwise the square of what the second position gives. `sums` is scratch.
     double absence_value(int h, int k, int l, sum_list_3& sums) const;
 
     class_lists_3 classes;  ///< with their Friedel mates, but for a mode of mark_present
@@ -86,7 +86,7 @@ private:
     // values of l.
     using residue_patterns = std::array<std::array<std::uint64_t, period>, 1 << period>;
     static constexpr int with_mates = 3;
-    static constexpr double absence_limit = 1e-9;  // a present reflection has a greater test value
+    static constexpr double absence_limit = 1e-9;  // of absence_value
 
     void load_classes(const char* sg_path, int new_mode);
     void take_classes(const class_lists_3& lists, int new_mode);
@@ -138,7 +138,7 @@ private:
     std::int64_t half_width_[3] = {0, 0, 0};
     std::int64_t stride_h_ = 0;
     std::int64_t stride_k_ = 0;
-    std::int64_t origin_ = 0;  ///< the cell of 0, 0, 0
+    std::int64_t origin_ = 0;  ///< where 0, 0, 0 stands in the grid
     list_0_3<list_0_3<cell_step>> steps_;
     int_list_3 inside_;  ///< for each class 1 if no equivalent leaves the grid
     presence_3 presence_;

@@ -3,13 +3,13 @@
 #include "symmetry/xyz_op_3.h"
 
 /// Which reflections the centring of a lattice lets exist; this class stands for `p`, which lets
-/// all of them. A caller asks hk_allowed first, for a whole run of l: neither operation alone need
-/// be the whole condition.
+/// all of them. A reflection must pass both questions, of which the second saves the first for a
+/// line of l.
 class lattice_type_3 {
 public:
-    /// The condition on the whole reflection, less what hk_allowed has decided. 1 or 0.
+    /// 0 if the three indices don't go together, else 1. It may leave out what hk_allowed sees.
     virtual int hkl_allowed(int h, int k, int l) const;
-    /// What h and k alone decide. 1 or 0.
+    /// 0 if there are no reflections with this h and k, whatever their l, else 1.
     virtual int hk_allowed(int h, int k) const;
 };
 
@@ -45,8 +45,9 @@ public:
     int hkl_allowed(int h, int k, int l) const override;
 };
 
-/// The lattice letter of a complete list of operators, one of "pabcifr", from the operators alone.
+/// Finds out how a group is centred, as a letter of "pabcifr". The list must hold the centred
+/// operators, too.
 char lattice_letter_3(const xyz_list_3& ops);
 
-/// The instance for that letter; it lasts for the whole run.
+/// The class for the letter of these operators. The object stays.
 const lattice_type_3& lattice_of_3(const xyz_list_3& ops);

@@ -2,9 +2,9 @@
 
 #include "foundation/sorted.h"
 
-/// Finds a line b x + a through table values d and c: b is a multiple of 1/n, at most 1 in size,
-/// and a = c - b d a multiple of pi/n, within 1e-8. Fails with " Error in get_a_b_for_phi_3" when
-/// there is none, or when n isn't positive.
+/// Finds a line a + b x that is c at d. Its a must be a multiple of pi/n (within 1e-8), its b one
+/// of 1/n, 2/n, ... 1, or minus that. Fails with " Error in get_a_b_for_phi_3" for want of such a
+/// line, or when n isn't positive.
 void get_a_b_for_phi_3(double& a, double& b, double d, double c, int n);
 
 /// The value at x of the line through table[i] and table[j], less whole turns.

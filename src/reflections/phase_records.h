@@ -5,8 +5,8 @@
 // The records and number stores of structure-factor sums: what sg_phase_sum_3 keeps beside the
 // folded operators, and what its kernels work on.
 
-/// The translation sums of one reflection over one group of operators: cosines in A, sines in B;
-/// in A1 and B1 only of the operators without an inversion partner, in A2 and B2 of all.
+/// The phases that the translations of a group of operators give a reflection, added up: a1 and a2
+/// are sums of cosines, b1 and b2 of sines. a1 and b1 leave out inversion pairs, a2 and b2 don't.
 struct translation_sum_3 {
     double a1;
     double b1;
@@ -27,11 +27,11 @@ struct store_3 {
 
 // The stores of a kernel, and the place of an element:
 //
-//     w    a sine and a cosine for each group and reflection: p[(stride * group + reflection) * 2]
-//     t    a real factor for each group and reflection:       p[stride * group + reflection]
-//     out  a row of results for each reflection:              p[stride * reflection]
+//     w    a sine, then a cosine:   p[(stride * group + reflection) * 2]
+//     t    a factor for that pair:  p[stride * group + reflection]
+//     out  the results:             p[stride * reflection]
 //
-// Element 0 of a row of `out` takes the cosine part, element 1 the sine part.
+// In `out` the cosine part comes before the sine part, each added or stored.
 using number_store_3 = store_3<double>;
 
 // A kernel carries out one step for the first n reflections. `index` tells for each of them where
@@ -46,8 +46,7 @@ using out_t_kernel_3 = void (*)(const number_store_3& out, const number_store_3&
                                 const int_list_3& index, const sum_list_3& sums, int row, int n,
                                 const number_store_3& t);
 
-/// The kernel for the first contribution to `out`, which stores, and the one for the next, which
-/// adds.
+/// Two kernels that differ in what they do to `out`: overwrite it, or add to it.
 template <typename Kernel>
 struct kernel_pair_3 {
     Kernel first;

@@ -48,5 +48,5 @@ private:
     sum_list_3 sums_;
     sum_list_3 scratch_;
     list_0_3<factor> factors_;
-    list_0_3<factor> line_;  ///< for each group the factor of h and k
+    list_0_3<factor> line_;  ///< one number per group: the factors for h_ and k_, multiplied
 };

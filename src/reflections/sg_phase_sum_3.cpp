@@ -59,7 +59,7 @@ void sg_phase_sum_3::fold(const xyz_list_3& ops_, magnetic_steps* magnetic) {
     collect_rows();
 }
 
-// Joins the entries of operators that are related by the inversion.
+// Makes one entry of an operator and its negative.
 void sg_phase_sum_3::pair_entries(xyz_list_3& sorted, int_list_3& kinds, magnetic_steps* magnetic) {
     if (magnetic != nullptr) {
         magnetic->member_kinds.new_n(sorted.n);

@@ -5,83 +5,88 @@
 #include "reflections/phase_records.h"
 #include "symmetry/xyz_op_3.h"
 
-/// The sine and the cosine of an angle.
+/// Two functions of one angle, next to each other in memory.
 struct sine_cosine_3 {
     double sine;
     double cosine;
 };
 
-/// The sines and cosines of 0 to 359 degrees: the phases of translations, which are whole degrees.
+/// A table for whole degrees, 0 to 359. A translation times indices gives such an angle, as its
+/// unit is 1/360.
 const sine_cosine_3* phase_table_3();
 
-/// The phases of the three rotation rows of a group of operators at one position.
+/// 2 pi times the coordinates that the rotation of a group gives to one position.
 struct phase_triple_3 {
     double row[3];
 };
 
 using phase_list_3 = list_0_3<phase_triple_3>;
 
-/// Folds the operators of a group into as few trigonometric evaluations as a structure factor can
-/// do with: pairs of operators related by the inversion become one entry, and entries with the
-/// same rotation one group, whose translations need only integers and a table.
+/// The operators of a group, ordered so that a structure factor needs few sines and cosines. The
+/// angle of an operator's negative is its own but for the sign, so the two are kept as one entry.
+/// All entries with one rotation are a group: for them an angle is computed once, and what their
+/// translations add to it is looked up.
 class sg_phase_sum_3 {
 public:
-    static constexpr int has_unpaired = 1;  ///< flag: sums can have an imaginary part
-    static constexpr int all_paired = 2;    ///< flag: every operator has its inversion partner
+    static constexpr int has_unpaired = 1;  ///< flag: structure factors may be complex
+    static constexpr int all_paired = 2;    ///< flag: no operator is alone in its entry
 
-    /// Works all of it out. The list isn't changed and must outlive the object.
+    /// Orders the operators. They aren't copied: the list must stay as long as this object.
     void set_up(const xyz_list_3& ops);
 
-    /// The phases of the groups, in radians, at a position in fractional coordinates.
+    /// What the groups make of a position in fractional coordinates; see phase_triple_3.
     void position_phases(const double position[3], phase_list_3& phases) const;
 
-    /// The translation sums of a reflection, one for each group.
+    /// Looks up what translations do to a reflection, for one group after the other.
     void translation_sums(int h, int k, int l, sum_list_3& sums) const;
 
-    /// Adds to `a` and `b` the real and the imaginary part of the structure factor of an atom at
-    /// the position of `phases`. `sums` are the translation sums of the reflection.
+    /// Structure factor of one atom: its real part is added to `a`, its imaginary part to `b`.
+    /// `phases` come from position_phases, `sums` from translation_sums for the same h, k, l.
     void add_position_terms(double& b, double& a, const phase_list_3& phases, int h, int k, int l,
                             const sum_list_3& sums) const;
 
     // Kernels for whole lists of reflections (library/kernel_selection.cpp). The road to them:
     // start_sums, record_sums for each reflection, select_kernels.
 
-    /// Makes room for the sums of `n` reflections; what was recorded before is gone.
+    /// Begins a new list of `n` reflections. The one before is lost.
     void start_sums(int n);
 
-    /// Enters the translation sums of a reflection in sum_index, at place `r`.
+    /// Makes h, k, l the reflection number `r` of the list.
     void record_sums(int h, int k, int l, int r);
 
-    /// Chooses the kernels of each group for the `n` reflections that were recorded. A group whose
-    /// sums are the same for all of them keeps one entry in sum_index.
+    /// Ends the list of `n` reflections: finds the fastest kernels that fit each group. Where all
+    /// reflections have equal sums, sum_index shrinks to one place.
     void select_kernels(int n);
 
-    // Magnetic groups, whose operators carry a sign in their tag (library/group_moments.cpp).
+    // For operators with a tag of 1 or -1, or 2 for both (library/group_moments.cpp).
 
-    /// As set_up; operators of equal rotation and different sign come into different groups.
+    /// As set_up, but one rotation with two tags makes two groups.
     void set_up_magnetic(const xyz_list_3& ops);
 
-    /// Fills axis_moments and axis_entries for an axis, unless they are there.
+    /// Works out axis_moments and axis_entries for axis 0, 1 or 2, if that wasn't done before.
     void find_axis_moments_3(int axis);
 
-    /// 1 if a moment along the axis contributes anything. Fills the lists of the axis.
+    /// 0 if the symmetry cancels all that a moment along the axis scatters, else 1. Calls
+    /// find_axis_moments_3.
     int axis_has_moment_3(int axis);
 
-    /// The moments of the groups, and their entries in the mask table, for a moment with these
-    /// components along the axes.
+    /// As find_axis_moments_3, for a moment that is v[0], v[1], v[2] along the three axes. The
+    /// results are arguments and aren't kept.
     void vector_moments_3(const double v[3], moment_list_3& moments,
                           mag_entry_list_3& moment_entries) const;
 
-    /// Adds to the phases of each group the phases of the translations of its first member.
+    /// Shifts `phases`, one for each group, by the translation of the operator that comes first in
+    /// the group.
     void add_group_translations_3(phase_list_3& phases) const;
 
     const xyz_list_3* ops = nullptr;
-    list_0_3<int_list_3> entries;   ///< the operators of each entry, one or two
-    list_0_3<int_list_3> groups;    ///< for each rotation, the first operator of its entries
-    string_list_3 group_kinds;      ///< parallel to groups: `2` for an inversion pair, else `1`
-    int_list_3 group_unpaired;      ///< 1 if the kinds of the group contain `1`
-    list_0_3<triple_3> rows;        ///< the distinct rotation rows
-    list_0_3<triple_3> group_rows;  ///< for each group the indices of its rows
+    // Operators are given by their index in ops, groups and entries by their own number.
+    list_0_3<int_list_3> entries;   ///< one operator, or one and its negative
+    list_0_3<int_list_3> groups;    ///< of each entry that belongs to the group, one operator
+    string_list_3 group_kinds;      ///< how many operators those entries have, as digits
+    int_list_3 group_unpaired;      ///< 1 if one of those digits is 1
+    list_0_3<triple_3> rows;        ///< of all rotations, each once
+    list_0_3<triple_3> group_rows;  ///< which three of them are the group's rotation
     int flags = 0;
 
     sum_list_3 sum_records;          ///< all different
@@ -95,10 +100,11 @@ public:
     list_0_3<rotate_kernel_3> rotate;
     list_0_3<rotate_t_kernel_3> rotate_t;
 
-    list_0_3<int_list_3> mag_members;  ///< for each group, its operators that carry a single sign
-    list_0_3<int_list_3> mag_kinds;    ///< parallel: 0 unpaired, 1 in a pair of equal sign, 2 and
-                                       ///< 3 the two sides of a pair of opposite sign
-    list_0_3<list_0_3<mag_weight_3>> mag_weights;  ///< parallel
+    list_0_3<int_list_3> mag_members;  ///< the operators of a group but for those with a tag of 2
+    list_0_3<int_list_3> mag_kinds;    ///< what they are in their entry: 0 alone, 1 one of two with
+                                       ///< the same tag, 2 the first and 3 the second of two with
+                                       ///< different tags
+    list_0_3<list_0_3<mag_weight_3>> mag_weights;  ///< what they weigh
     moment_list_3 axis_moments[3];                 ///< empty until asked for
     mag_entry_list_3 axis_entries[3];
 

@@ -70,7 +70,7 @@ void composed_with(const xyz_list_3& ops, const xyz_op_3& last, xyz_list_3& out)
     for (xyz_op_3& op : out) compose(op, last);
 }
 
-// The first operator whose rotation is the inverse of `form`, or not_found.
+// Where the first operator stands that undoes the rotation `form`, or not_found.
 int find_inverse(const xyz_list_3& ops, const xyz_op_3& form) {
     xyz_op_3 inverse = form;
     invert(inverse);
@@ -80,8 +80,8 @@ int find_inverse(const xyz_list_3& ops, const xyz_op_3& form) {
     return not_found;
 }
 
-// Whether an operator with the rotation of `form`, and some translation, maps the sorted list onto
-// itself. `work` is scratch.
+// Whether the group, as a sorted list, stays the same under `form` with a suitable translation.
+// `work` is scratch.
 bool takes_in(const xyz_list_3& ops, const xyz_op_3& form, xyz_list_3& work) {
     const int unit = find_inverse(ops, form);
     if (unit == not_found) return false;

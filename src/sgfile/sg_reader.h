@@ -10,15 +10,16 @@
 /// " Error loading symmetry xyz's".
 void load_xyzs_3(sstring_in& in, xyz_list_3& ops);
 
-/// Reads one operator such as `-x, y+1/2, -z`: three rows that end at a comma or a line end. A
-/// fourth field, behind a comma, goes to the tag. Fails with " Error loading symmetry xyz's".
+/// Reads one operator such as `-x, y+1/2, -z`; instead of a comma there may be a new line. A number
+/// behind a third comma becomes the tag, which otherwise stays. Fails with
+/// " Error loading symmetry xyz's".
 void load_xyz_op_3(sstring_in& in, xyz_op_3& op);
 
 /// Appends the reflection operators of the next block, such as `h-k, k, 0`. Fails with
 /// " Error loading symmetry hkls".
 void load_hkl_ops_3(sstring_in& in, xyz_list_3& ops);
 
-/// Reads the xyzs block of a .sg file.
+/// As load_xyzs_3, from a file.
 void load_sg_file_xyzs_3(const char* sg_path, xyz_list_3& ops);
 
 /// 1 if the file has a section of similar reflections; 0 if not, or if it can't be read.

@@ -3,10 +3,10 @@
 #include "symmetry/xyz_op_3.h"
 #include "textout/stream_out.h"
 
-// The sections of a .sg file that aren't members of sg_decoder_3. A section begins with a line
-// feed and doesn't end with one.
+// Those parts of a .sg file that sg_decoder_3 doesn't write. A section leaves its last line open;
+// the line feed comes with the next one.
 
-/// The comment at the head of the file.
+/// What the file begins with: a comment about its origin.
 void write_sg_banner(stream_out& stream);
 
 /// The xyzs section of the operators as they stand, without centring and without a count.

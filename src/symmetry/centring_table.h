@@ -5,9 +5,9 @@
 /// The lattice letters. The place of a letter in this text is its number.
 inline constexpr char lattice_letters_3[] = "pabcifr";
 
-/// The first (`which` 0) or last (`which` 1) row that a lattice has in the table of centring
-/// vectors. Its first row is the null vector.
+/// The centring vectors of a lattice are rows of one table, next to each other, 0, 0, 0 before the
+/// others. Gives the number of its first row for a `which` of 0, of its last for 1.
 int centring_index_3(int place, int which);
 
-/// The vector of a row, in 1/360 of a cell edge.
+/// One row of the table; 360 is a whole cell edge.
 const triple_3& centring_vector_3(int row);

@@ -12,7 +12,7 @@ namespace {
 
 constexpr char bad_generator[] = "Error loading symmetry xyz's";
 
-// Moves behind the word `symmetry`; false at the end of the text.
+// Moves behind the word `symmetry`; false if the text has no more of them.
 bool find_symmetry(sstring_in& in) {
     constexpr char_set_3 word_ends("{ \n\t");
     string_out word;

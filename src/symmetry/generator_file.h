@@ -7,13 +7,13 @@
 ///
 ///     symmetry { x, y, z; -x, y+1/2, -z+1/2 }
 ///
-/// Words before `symmetry` are passed over. A generator is three fields that end at a comma, a
-/// semicolon or the closing brace; a fraction has one digit on each side. A generator that the end
-/// of the text cuts off keeps the rows that it has. Fails when the file can't be opened, or with
-/// " Missing: {", " No generators in file" and the name, or " Error loading symmetry xyz's".
+/// Any text may stand before `symmetry`. Rows are set apart by commas or semicolons, and three of
+/// them make a generator; numerators and denominators have one digit. If the file ends inside
+/// a generator, the missing rows are 0. Fails when the file can't be opened, or with " Missing: {",
+/// " No generators in file" and the name, or " Error loading symmetry xyz's".
 void read_generator_file(const char* name, xyz_list_3& gens);
 
-/// Appends the powers of an operator, normalised: itself, its square, ... up to the identity. Fails
+/// Appends the operator, its square and so on, each normalised; the identity is the last. Fails
 /// with " Identity matrix not found after 13 operations".
 void cyclic_powers(xyz_list_3& list, const xyz_op_3& op);
 

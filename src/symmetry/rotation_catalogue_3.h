@@ -23,13 +23,13 @@ private:
     void sort_by_key(const char* path);
 };
 
-/// The table of the process, loaded at its first use.
+/// The matrices of sgrots3.txt, which the first call reads.
 const rotation_catalogue_3& rotation_catalogue();
 
-/// Appends the powers of a generator: itself, its square, ... up to the identity. `field` is a type
-/// letter and a key: `i` combines the rotation with the inversion, any other letter leaves it.
-/// `translation` is in 1/360 of the cell edges; both are in the first axis setting and are
-/// conjugated by `A`. The operators are normalised. Fails with " Invalid rotation matrix type", or
-/// with " Rotation matrix failed consistency test" when 200 products don't lead back.
+/// Appends a generator, its square and so on, each normalised; the identity is the last. The three
+/// characters of `field` name its rotation: `p2a` is the matrix `2a`, and with `i` in front the
+/// matrix is negated. A cell edge has 360 units of `translation`. Both refer to the catalogue's
+/// axes; `A` takes them to the axes that are wanted. Fails with " Invalid rotation matrix type", or
+/// with " Rotation matrix failed consistency test" if no power up to the 200th is the identity.
 void generator_powers(const rotation_catalogue_3& rotations, xyz_list_3& out, const char* field,
                       const triple_3& translation, const xyz_op_3& A);

@@ -3,23 +3,23 @@
 #include "foundation/string_3.h"
 #include "symmetry/xyz_op_3.h"
 
-/// Unpacks a computer-adapted symbol into the operators of a group.
+/// Makes the operators of a group out of its computer-adapted symbol.
 ///
 /// The symbol, such as `cmci1a000p2b006`, has a head of three characters: the lattice letter, the
 /// letter of the crystal system, and one that nothing reads. Then come generators of six
-/// characters: a type letter and the key of a rotation (see generator_powers), and three digits of
-/// translation. A digit d stands for d/12 of a cell edge, but 5 stands for 10/12. The group is the
-/// product of the lists of powers of the generators.
+/// characters: three that name a rotation (see generator_powers), and three digits of translation.
+/// A digit d stands for d/12 of a cell edge, but 5 stands for 10/12. Each generator gives a cyclic
+/// group; multiplied together these are the group, but for its centring.
 ///
 /// A decoder is used for one symbol.
 class sg_decoder_3 {
 public:
-    /// Stores the symbol in lower case.
+    /// Says which group it is. Upper case is as good as lower case.
     void set_computer_symbol(const char* text);
 
-    /// Fills the lists. `axes` is the axis setting, three terms such as `abc`, `cab` or `bamc`: a
-    /// letter for each row, with `m` before it for minus. The operators come out normalised,
-    /// sorted and unique, without the lattice centring. Fails with " cab error",
+    /// Works out `ops`: normalised, sorted, none twice, and without the centring copies. `axes`
+    /// names the old axis for each new one, and has an `m` where the two point in opposite
+    /// directions: `abc` changes nothing, `cab` and `bamc` do. Fails with " cab error",
     /// " Length of computer adapted space group symbol invalid", " Bad lattice_type",
     /// " Bad crystal_system" and the failures of generator_powers.
     void decode(const char* axes);
@@ -35,7 +35,7 @@ public:
     string_3 computer_symbol;
     xyz_list_3 ops;                        ///< the operators of the group
     list_0_3<xyz_list_3> generator_lists;  ///< for each generator, its powers
-    xyz_op_3 axis_change;                  ///< the matrix of the axes text
+    xyz_op_3 axis_change;                  ///< what `axes` did, as a matrix
     list_0_3<triple_3> xyz_permutations;
 
 private:
@@ -44,5 +44,6 @@ private:
     void multiply_lists();
 };
 
-/// Three digits of translation to 1/360 of the cell edges; what isn't a digit counts as 0.
+/// Turns three digits of a generator into its translation, whose units are 1/360. A character of
+/// another kind is taken for a 0.
 void read_translation_digits(triple_3& vector, const char* text);

@@ -5,8 +5,9 @@
 #include "textout/stream_out.h"
 
 /// A symmetry operator x' = R x + t in integers, or a reflection operator, whose translation is 0.
-/// A translation is in units of 1/360 of a cell edge; it is normalised when it lies in 0 to 359.
-/// Arithmetic wraps at 32 bits; with the values in use it stays far from that.
+/// The units of t are 1/360 of a cell edge, which makes all its fractions whole. Operations don't
+/// bring t back to 0 to 359 unless they say so; "normalised" means that it was. Sums and products
+/// beyond 32 bits wrap around, which no operator of a group gets near.
 struct xyz_op_3 {
     static constexpr int edge = 360;  ///< a whole lattice translation
 
@@ -15,40 +16,41 @@ struct xyz_op_3 {
     int& trans(int row) { return rows[row][3]; }
     int trans(int row) const { return rows[row][3]; }
 
-    /// Time reversal, 1 or -1, where a reader met one; takes no part in any comparison.
+    /// Time reversal, 1 or -1, where a reader met one. Operators that differ in it are equal.
     int tag = 0;
-    int rows[3][4] = {};  ///< three coefficients and the translation of each row
+    int rows[3][4] = {};  ///< row i is R[i][0], R[i][1], R[i][2], t[i]
 };
 
 using xyz_list_3 = list_0_3<xyz_op_3>;
 
 // One operator
 
-/// a becomes b applied after a: Rb Ra, Rb ta + tb. The tag becomes 0.
+/// Puts b behind a: a = (Rb Ra, Rb ta + tb). Clears the tag.
 void compose(xyz_op_3& a, const xyz_op_3& b);
-/// a becomes its inverse. The determinant must be 1 or -1.
+/// Inverts a, which stays in integers only if its determinant is 1 or -1, as in any group.
 void invert(xyz_op_3& a);
-/// a becomes A a A^-1.
+/// Takes a to other axes: a = A a A^-1.
 void conjugate(xyz_op_3& a, const xyz_op_3& A);
-/// Negates the first n entries of each row: 3 leaves the translation, 4 negates it too.
+/// Multiplies by the inversion: R = -R with n 3, and t = -t as well with n 4.
 void negate_rotation(xyz_op_3& a, int n);
 void transpose_rotation(xyz_op_3& a);
-/// Column c of the rotation of dst becomes column p[c] of src; translations and tag of dst stay.
+/// Exchanges columns of a rotation: column p[c] of src goes to column c of dst. The rest of dst
+/// isn't changed.
 void permute_columns(xyz_op_3& dst, const xyz_op_3& src, const triple_3& p);
 void add_translation(xyz_op_3& a, const triple_3& v);
-/// Brings the translations into 0 to 359.
+/// Takes whole cell edges off t until each part of it is from 0 to 359.
 void normalise(xyz_op_3& a);
-/// The determinant of the rotation.
+/// det R, which is exact: 1 or -1 in a group.
 double determinant(const xyz_op_3& a);
-/// A translation brought into 0 to 359.
+/// t modulo 360, never negative.
 int normalised_translation(int t);
 bool is_identity_rotation(const xyz_op_3& a);
-/// Whether rotation and translation are equal.
+/// Whether a and b have the same R and the same t. Normalise them before.
 bool same_as(const xyz_op_3& a, const xyz_op_3& b);
 bool same_rotation(const xyz_op_3& a, const xyz_op_3& b);
-/// Lexicographic order over the twelve integers of rotation and translation, row by row.
+/// Lexicographic order of the rows: R[0][0] counts most, t[2] least.
 bool less_than(const xyz_op_3& a, const xyz_op_3& b);
-/// The smallest power of the rotation that is the identity, or 0 if none up to `most` is.
+/// The least k from 1 to `most` with R^k = 1, or 0 if there is none.
 int rotation_order(const xyz_op_3& a, int most);
 
 inline bool element_less(const xyz_op_3& a, const xyz_op_3& b) { return less_than(a, b); }
@@ -56,22 +58,24 @@ inline bool element_equal(const xyz_op_3& a, const xyz_op_3& b) { return same_as
 
 // Lists
 
-/// Sorts ascending by less_than.
+/// Puts the operators into the order of less_than.
 void sort_xyzs_3(xyz_list_3& ops);
-/// Sorts and keeps one of each run of equal operators; fewer than 2 operators stay unchanged.
+/// Sorts and drops repeated operators.
 void keep_unique_6(xyz_list_3& ops);
-/// Whether both lists have the same operators at the same places.
+/// Whether the lists agree operator for operator; sort them to compare groups.
 bool equal_xyzs_3(const xyz_list_3& a, const xyz_list_3& b);
-/// Appends left[k] applied after right[j], for each k and within it for each j.
+/// Appends all products left[k] right[j], where right[j] acts first; j runs faster than k.
 void multiply_xyz_lists_3(xyz_list_3& out, const xyz_list_3& left, const xyz_list_3& right);
 void normalise_xyzs_3(xyz_list_3& ops);
 
 // Text
 
-/// Writes a line feed, a tab and the operator: `-x+1/2, y, -z+1/4 ` with a blank at its end. Only
-/// the sign of a coefficient is written.
+/// Writes an operator on a new line behind a tab, and a blank behind it: `x-y, -y, z+2/3 ` (with
+/// the 2/3 as -1/3). Of a coefficient only the sign shows, so a 2 would look like a 1; no setting
+/// of the catalogue has one.
 void write_xyz(stream_out& stream, const xyz_op_3& a);
 
-/// The text of a translation: `1/2`, `-1/4`, `0`. Above a half it is written as a negative
-/// fraction. With `is_signed` a positive one has its plus. The text lasts until the next call.
+/// A translation as text: `1/2`, `-1/4`, `0`. Above a half it is written as a negative
+/// fraction. With `is_signed` a positive one has its plus. Use it before the next call, which
+/// writes to the same place.
 const char* fraction_text(int t, bool is_signed);

@@ -2,7 +2,6 @@
 
 #include "foundation/string_3.h"
 
-/// The prefix in front of the names of all data files, with its separator. It is empty unless a
-/// program that links the library fills it, so that data files are looked for in the current
-/// directory.
+/// Where the data files are: a directory with a separator at its end. The tool leaves it empty and
+/// so reads them from the current directory; a program with other needs assigns to it at its start.
 string_3& data_dir();

@@ -5,13 +5,12 @@
 #include "textin/in_tag_3.h"
 #include "textin/sstring_in.h"
 
-/// A text file as a stream. The file is read whole when it is opened, closed at once, and from
-/// then on this is a sstring_in over memory. NUL bytes have become blanks, and CR too unless they
-/// are to stay.
+/// Reads a text file. Opening loads all of it and closes it again; what follows works on the copy
+/// in memory, in which NUL and, without keep_cr, CR are replaced by blanks.
 ///
-/// Comments are blanked if that is asked for: a single quote begins one that runs to the end of
-/// its line; `/*` begins one that ends at its `*/`, and such comments nest. Double quotes have no
-/// say in this. A comment that isn't closed fails with " Unclosed comment block".
+/// drop_comments replaces comments by blanks as well: what a line has behind a single quote, and
+/// what stands between `/*` and `*/`, which may lie inside each other. Both count between double
+/// quotes, too. Fails with " Unclosed comment block" if a `*/` is missing.
 class file_in : public file_io, public sstring_in, public in_tag_3 {
 public:
     // Values of load_flags.
@@ -21,8 +20,8 @@ public:
     static constexpr int keep_cr = 8;
     static constexpr int data_file = 7;  ///< what every data file is opened with
 
-    /// The file must be writable, too: one that isn't counts as missing.
-    /// Fails with " Cannot open file" and the path, also when the text is too long for a stream.
+    /// Fails with " Cannot open file" and the path: if there is no such file, if it may not be
+    /// written to, which opening asks for, or if its text is too long for a stream.
     file_in(const char* path, int flags);
     file_in(const string_3& path, int flags) : file_in(path.data, flags) {}
 

@@ -1,5 +1,9 @@
 #include "textin/file_in_bin.h"
 
+#include <limits>
+
+#include "foundation/except_3.h"
+
 file_in_bin::file_in_bin(const char* path) {
     set_name(path);
     set_mode("rb");
@@ -40,6 +44,12 @@ double file_in_bin::read_double() {
     double value = 0.0;
     read_bytes(&value, sizeof value);
     return value;
+}
+
+void file_in_bin::check_last_index(int count, int base) const {
+    if (base > std::numeric_limits<int>::max() - count) {
+        (error_builder_3() << "Invalid list in" << name.data).fail();
+    }
 }
 
 void file_in_bin::read_text(string_3& out) {

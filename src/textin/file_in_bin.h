@@ -6,11 +6,11 @@
 #include "textin/file_io.h"
 #include "textin/in_tag_3.h"
 
-/// A binary file, read value by value in the machine's byte order. What lies behind the end of
+/// A binary file, read value by value in the processor's byte order. What lies behind the end of
 /// the file reads as 0. Lists read themselves from it: list.read_binary(file).
 class file_in_bin : public file_io, public in_tag_3 {
 public:
-    /// Opens the file; fails with " Cannot open file" and the path.
+    /// Opens the file. If it can't, fails as file_in does.
     explicit file_in_bin(const char* path);
 
     /// Behind this the file reads as one that is at its end.
@@ -27,7 +27,23 @@ public:
     int get_byte();
     int read_int();
     double read_double();
-    /// Reads bytes up to a NUL, which is passed, or to the end of the file.
+    /// Reads what stands before a list's elements, their count and the first index, and prepares
+    /// the list: it is emptied, and takes over the index if it has one. Returns the count, at least
+    /// 0. Fails with " Invalid list in" and the path if no int holds the list's last index.
+    template <typename List>
+    int read_list_head(List& list) {
+        const int count = read_int();
+        const int base = read_int();
+        list.clear();
+        if (count < 1) return 0;
+        if constexpr (List::has_base) {
+            check_last_index(count, base);
+            list.set_base(base);
+        }
+        static_cast<void>(base);
+        return count;
+    }
+    /// Reads a text and the NUL behind it. One that the file cuts off ends there.
     void read_text(string_3& out);
     /// Fills `size` bytes; those behind the end of the file stay as they are.
     void read_bytes(void* to, std::size_t size);
@@ -35,15 +51,13 @@ public:
     /// Reads a list of texts: count, first index, then each text with its NUL.
     template <typename List>
     void read_strings(List& list) {
-        const int count = read_int();
-        const int base = read_int();
-        list.clear();
-        if (count < 1) return;
-        if constexpr (List::has_base) list.set_base(base);
-        static_cast<void>(base);
-        for (int i = 0; i < count && !at_eof(); ++i) read_text(list.add());
+        for (int count = read_list_head(list); count > 0 && !at_eof(); --count) {
+            read_text(list.add());
+        }
     }
 
 private:
+    void check_last_index(int count, int base) const;
+
     list_0_3<char> pushed_back;
 };

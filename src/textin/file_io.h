@@ -7,12 +7,12 @@
 // Open flags.
 inline constexpr int throw_if_not_opened = 16;
 inline constexpr int tell_if_not_opened = 32;  ///< on the console; tested after throwing
-inline constexpr int open_or_throw = 48;       ///< what every opening in the system uses
+inline constexpr int open_or_throw = 48;       ///< the two together: a failure always throws
 
-/// What all files have: a handle of the standard library.
+/// What text and binary files have in common, read or written.
 class B_file_io {
 public:
-    static constexpr int attached_flag = 1;  ///< the handle came from outside and isn't closed
+    static constexpr int attached_flag = 1;  ///< somebody else opened `file` and will close it
 
     B_file_io() = default;
     B_file_io(const B_file_io&) = delete;
@@ -24,19 +24,21 @@ protected:
     int io_flags = 0;
 };
 
-/// A file tied to a name. It is closed when the object goes.
+/// A file known by its path. It is closed when the object goes.
 class file_io : public B_file_io {
 public:
     ~file_io() override { file_io::close(); }
 
     /// set_name(name), then open(flags).
     virtual int open(const char* new_name, int flags);
-    /// Opens by the stored name and mode, and gives 1. On failure throws " Cannot open file" and
-    /// the path, or writes that to the console, or gives 0, as the flags say.
+    /// Opens the file of set_name in the mode of set_mode; 1 if that went well. If not, the flags
+    /// decide: the message " Cannot open file" with the path is thrown, or is written on the
+    /// console, or the 0 is all.
     virtual int open(int flags);
     /// The name, with the platform's separators once the file was opened.
     virtual const char* file_name() const { return name.data; }
-    /// The directory of the file, with a separator at its end.
+    /// The full path of where the file is, up to the separator. It is that of the time of set_name:
+    /// a later change of the current directory doesn't show.
     virtual const char* directory() const { return dir.data; }
     /// Closes the handle, unless it was attached. A second call does nothing.
     virtual void close();
@@ -66,8 +68,8 @@ void current_dir(string_3& out);
 /// The current directory with a separator at its end.
 void current_dir_slash(string_3& out);
 
-/// The index behind the last separator of a path, 0 if there is none, not_found if it is empty.
+/// Where the file's own name begins in a path. An empty path has none: not_found.
 int dir_start(const char* path);
 
-/// The text of a path up to its last separator, that one included.
+/// What stands before the file's own name in a path.
 void dir_part(const char* path, string_3& out);

@@ -4,7 +4,7 @@
 
 namespace {
 
-// Moves to the comma or the parenthesis that ends the argument.
+// Stops on what comes behind the argument: a comma, or the closing parenthesis.
 void pass_argument(sstring_in& in) {
     for (;;) {
         const char c = in.peek();

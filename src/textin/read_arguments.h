@@ -5,8 +5,8 @@
 
 using argument_list_3 = list_n1_3<vstring_in>;
 
-/// Reads a list of arguments in parentheses, divided by commas; an argument may hold parentheses,
-/// and commas within those. Appends a stream over each to the list: it has no white space at its
-/// start, but may at its end. `()` gives one empty argument. Fails with " Missing (",
-/// " Missing )", " Error in arguements" or " Unclosed:  )".
+/// Reads `(a, f(b, c), d)` into a stream for each of the three arguments, behind those that `list`
+/// has already. Commas inside inner parentheses don't divide. White space before an argument is
+/// passed, that behind it belongs to it, and `()` counts as an argument without text. Fails with
+/// " Missing (", " Missing )", " Error in arguements" or " Unclosed:  )".
 void read_arguments(sstring_in& in, argument_list_3& list);

@@ -4,20 +4,20 @@
 #include "foundation/string_out.h"
 #include "foundation/text.h"
 
-// Streams over text in memory, and the lexical grammar that all text files share:
+// Reading text that is in memory. All readers of files split it in the same way:
 //
-// - White space is any run of blank, CR, TAB and LF.
-// - A token is a maximal run of other characters: `xyzs{` is one token.
-// - A number is a token given to int_of_text or double_of_text.
-// - A block is `{`, a body and the matching `}`; blocks nest.
+//     white space   " \t\r\n" in any number
+//     token         what stands between white space, so that `xyzs{` is a single token
+//     number        a token; int_of_text and double_of_text make the best of it
+//     block         what stands between `{` and its `}`, with other blocks in it or not
 //
-// Every failure is an except_3 (foundation/except_3.h).
+// Operations that fail throw an except_3* (foundation/except_3.h).
 
 /// Flag bits of the searches.
-inline constexpr int stay_on_found = 4;      ///< stop on the character found, not behind it
-inline constexpr int throw_on_failure = 16;  ///< fail when nothing is found
+inline constexpr int stay_on_found = 4;      ///< don't pass the character that was looked for
+inline constexpr int throw_on_failure = 16;  ///< a search without success fails
 
-/// A position in a NUL-terminated text. The stream doesn't own the text, which must outlive it.
+/// Walks through a text that somebody else keeps, up to its NUL.
 class sstring_in {
 public:
     explicit sstring_in(const char* text_ = "") noexcept : text(text_) {}
@@ -25,9 +25,9 @@ public:
     sstring_in& operator=(const sstring_in&) = default;
     virtual ~sstring_in() = default;
 
-    /// Nonzero at the end of the text.
+    /// 1 when everything was passed.
     virtual int at_end() const { return text[pos] == 0; }
-    /// The next character, or NUL at the end; the position stays.
+    /// Looks at the next character without passing it; NUL if none is left.
     virtual char peek() const { return text[pos]; }
     virtual void skip_white();
     virtual char peek_non_white();
@@ -35,7 +35,7 @@ public:
     virtual void set_text(const char* text_);
     virtual const char* file_name() const { return ""; }
     virtual const char* directory() const { return ""; }
-    /// The name that messages give to the stream.
+    /// What to call the stream in a message.
     virtual const char* stream_name() const { return "sstring_in"; }
     virtual int good() const { return 1; }
     virtual int position() const { return pos; }
@@ -45,73 +45,77 @@ public:
 
     // Moving
 
-    /// The next character, which is passed; 0 at the end.
+    /// Passes a character and gives it; NUL if none is left.
     char get();
     /// skip_white, then get.
     char get_non_white();
-    /// Passes one character without any test: only where a character is known to be there.
+    /// As get, but only for where peek() has shown that a character is left.
     void advance() { ++pos; }
     /// One character back, unless at the beginning.
     void back();
-    /// The address of the next character.
+    /// What is left, as an address in `text`.
     const char* current() const { return text + pos; }
     void set_position(int n) { pos = n; }
-    /// Moves to the next white character or the end.
+    /// Passes what is left of a token.
     void skip_token();
     void skip_white_token();
-    /// Moves behind the next LF, or to the end.
+    /// Passes what is left of a line, its LF too.
     void skip_line();
-    /// Passes the next character if it is an LF.
+    /// Passes an LF if one comes next.
     void skip_newline();
-    /// Moves to the end.
+    /// Passes everything.
     void skip_all();
 
     // Tokens and numbers
 
-    /// Skips white space and passes the next token; the range is empty at the end of the text.
+    /// Passes white space and a token, and gives the token: an empty range if none is left.
     char_range_3 token();
     int read_int() { return int_of_text(range_text(token()).text()); }
     double read_double() { return double_of_text(range_text(token()).text()); }
-    /// Copies a range to a text that lasts until the next call.
+    /// Puts a NUL behind a copy of the range. All calls share the copy: use it before the next one.
     static const string_out& range_text(char_range_3 range);
-    /// 1 if the range holds exactly the characters of the text.
+    /// Whether a range and a text read the same, as 1 or 0.
     static int range_equal(char_range_3 range, const char* text);
     /// Reads a token, or all between two double quotes. Fails when the closing one is missing.
     void read_word(string_3& out);
-    /// Passes a double quote behind white space; 1 if there was one.
+    /// Passes white space and, if it comes next, a double quote; 1 if it did.
     int at_quote();
 
     // Searching
 
-    /// Moves behind the next `c`, or onto it with stay_on_found, and gives 1. At the end of the
-    /// text gives 0, or fails with throw_on_failure.
+    // They pass what they look for, and all before it. What isn't there leaves nothing more to
+    // read, and gives 0 where finding it gives 1.
+
+    /// Looks for a character. `flags` may be stay_on_found and throw_on_failure.
     int find_char(char c, int flags);
-    /// Moves behind the next `c`; fails when there is none.
+    /// Looks for a character that must be there: fails without it.
     void skip_past(char c);
-    /// Moves behind the next token that equals `tag`, and gives 1. At the end of the text gives 0,
-    /// or fails with throw_on_failure.
+    /// Looks for the token `tag`. `flags` may be throw_on_failure.
     int find_tag(const char* tag, int flags);
-    /// Moves behind the next occurrence of a text, also within tokens, and gives 1; or 0.
+    /// Looks for a text, which may be a part of a token.
     int find_text(const char* what);
-    /// Appends characters up to the next one in the set, or the end.
+    /// Appends what stands before the next character of `set` to `out`, and stops on that one.
     void read_until(const char_set_3& set, string_out& out);
-    /// Appends characters up to the next `,`, `;` or `}`, and gives 1; or 0 at the end.
+    /// As read_until, for a comma, a semicolon or a `}`.
     int read_field(string_out& out);
-    /// Moves to the next CR, LF or comma, and gives 1; or 0 at the end.
+    /// Stops on the next comma or line end.
     int skip_to_field_end();
 
     // Blocks
 
     /// Passes white space and `{`; fails on anything else.
     void open_block();
-    /// Behind an opening brace: appends all up to the brace that closes the block and passes that
-    /// brace. Inner braces are counted and copied. Fails when the block isn't closed.
+    // The next three begin behind the opening brace and pass the closing one; they fail if it is
+    // missing.
+
+    /// Appends the contents of the block, with the inner blocks, to `out`.
     void block_body(string_out& out) { out << block_range(); }
-    /// As block_body, but gives the range of the body without copying it.
+    /// Gives the contents in place, without a copy.
     char_range_3 block_range();
-    /// Behind an `open` character: passes all up to the matching `close`. Fails when there is none.
+    /// Passes the block. Other characters may stand for the braces.
     void skip_block(char open, char close);
-    /// 0 at the end of the text, and at a `}`, which is passed; else 1.
+    /// Whether a block goes on behind white space, as 1 or 0. Passes the `}` that says no; if the
+    /// text ends, the block does so, too.
     int more_in_block();
 
     const char* text;
@@ -128,7 +132,7 @@ private:
     const char* find_block_end(char open, char close) const;
 };
 
-/// A stream over a stretch of a larger text, which need not end in a NUL.
+/// Reads a part of a text in its place, as if the text ended there.
 class vstring_in : public sstring_in {
 public:
     vstring_in() noexcept = default;
@@ -152,5 +156,5 @@ protected:
 /// Blank, CR, TAB and LF.
 inline constexpr char_set_3 white_set_3(" \r\t\n");
 
-/// The characters that end a row of an operator: CR, LF and comma.
+/// What may stand behind a row of an operator.
 inline constexpr char_set_3 field_end_set_3("\r\n,");

@@ -14,9 +14,9 @@ class console_line_3 {
 public:
     explicit console_line_3(stream_out& stream) : stream_(&stream) {}
 
-    /// A blank, an LF and the text.
+    /// Starts a line with `text`: writes " \n" in front of it.
     console_line_3& operator<<(const char* text);
-    /// A blank and an LF.
+    /// Starts a line and leaves it empty.
     void end_line();
 
 private:

@@ -10,18 +10,18 @@ public:
 
 protected:
     vector_1_3 buffer;
-    int high_mark = 1024;  ///< count above which characters are written out
-    int keep = 512;        ///< characters that stay in the buffer then
+    int high_mark = 1024;  ///< more characters than this don't stay unwritten
+    int keep = 512;        ///< but so many do, for the operations that look back
 };
 
-/// The buffered text output file. It always holds the last stretch of the output, at least 512
-/// characters once 1024 have passed, and can look back at it or take text back.
+/// A text file to be written. The latest characters, 512 or more of a long text, are held back, so
+/// that they can still be looked at and taken back.
 class file_out : public file_out_no_buffer_3, public file_out_buf_3 {
 public:
     static constexpr int behind_white = 1;  ///< flag: white space at the end doesn't count
 
-    /// With `open_now` the file is created, or emptied; fails with " Cannot open file" and the
-    /// path. To append: construct without, set_mode("a+b"), open(open_or_throw).
+    /// Creates or empties the file, unless `open_now` is 0: then call open, after set_mode("a+b")
+    /// to append. Fails with " Cannot open file" and the path if that can't be done.
     explicit file_out(const char* path, int open_now = 1);
     explicit file_out(const string_3& path) : file_out(path.data) {}
     ~file_out() override { file_out::close(); }

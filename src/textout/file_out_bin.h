@@ -3,15 +3,15 @@
 #include "textin/file_io.h"
 #include "textout/stream_out.h"
 
-/// An output file of raw values in the machine's byte order. A list is written as its count and
-/// its first index, 32 bits each, then its elements; a text is written with its NUL. file_in_bin
-/// reads all of it.
+/// Writes what file_in_bin reads: values as they are in memory, in the processor's byte order.
+/// Before the elements of a list go two ints, its length and its first index. The NUL of a text is
+/// written, too.
 class file_out_bin : public file_io, public stream_out {
 public:
-    /// Creates or empties the file; fails with " Cannot open file" and the path.
+    /// Creates or empties the file. If it can't, fails as file_out does.
     explicit file_out_bin(const char* path);
 
-    /// A count, a 0, then the bytes.
+    /// Writes a list of characters as one whose indices begin with 0.
     virtual void write_bytes(const vector_1_3& bytes);
 
     int is_binary() const override { return 1; }

@@ -12,20 +12,22 @@ struct hkl_row_3 {
     int k;
     int l;
     int multiplicity = 1;
+
+    bool operator==(const hkl_row_3&) const = default;
 };
 
-/// Lexicographic order by h, k, l; the multiplicity doesn't count.
+/// By h, where that is equal by k, then by l. Rows that differ only in multiplicity are equal.
 inline bool element_less(const hkl_row_3& a, const hkl_row_3& b) {
     if (a.h != b.h) return a.h < b.h;
     if (a.k != b.k) return a.k < b.k;
     return a.l < b.l;
 }
 
-// Integers of a table, each right-aligned in four columns behind one blank, and wider only if it
-// needs that. No line end is added.
+// Numbers of a table. Each has a blank in front, and more of them if it is shorter than four
+// characters: "   -1   10". Line ends are up to the caller.
 
-/// h, k, l and the multiplicity.
+/// All four of them.
 void write_row_4(const hkl_row_3& row, stream_out& stream);
-/// h, k and l.
+/// The indices alone.
 void write_row_3(const hkl_row_3& row, stream_out& stream);
 void write_cell(int value, stream_out& stream);

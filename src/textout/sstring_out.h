@@ -2,7 +2,7 @@
 
 #include "textout/stream_out.h"
 
-/// The stream that writes into memory: a string_out that every operation of a stream_out fills.
+/// Collects what is written in a string_out, where `text()` gives it.
 class sstring_out : public string_out, public stream_out {
 public:
     using stream_out::operator<<;

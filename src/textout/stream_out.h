@@ -14,10 +14,10 @@ using vector_4f_3 = list_n1_3<float>;
 using vector_1_3 = list_n1_3<char>;
 using vector_string_3 = list_n1_3<string_3>;
 
-/// The output of the system. Every value becomes a text in the one format of its type and goes to
-/// `<<` (text), so that a concrete stream need only take characters and texts. One that
-/// overrides nothing drops what it is given. Nothing reports a failure: a full disk ends in a short
-/// file.
+/// Where output goes. Here numbers are turned into text (number_text), and all text ends up in one
+/// operation, `<<` for a const char*, which a class of streams replaces, and others for speed. As
+/// it stands here it discards the text. Failures to write are not noticed: look at the length of
+/// the file if the disk may be full.
 class stream_out {
 public:
     stream_out() = default;
@@ -51,7 +51,7 @@ public:
     /// Removes the last character.
     virtual void pop() {}
 
-    // Looking back at the last characters written; see file_out.
+    // For streams that can look back; see file_out.
     virtual int remove_tail(const char*, int) { return 0; }
     virtual int read_tail(int, string_3&, int) { return 0; }
     virtual void set_count(int) {}

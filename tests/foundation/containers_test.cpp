@@ -176,21 +176,6 @@ TEST(Containers, Comparing) {
     }
 }
 
-// A binary input that ends after the count 3, the base 4 and the element 5.
-struct short_input {
-    int next = 3;
-    int read_int() { return next++; }
-    void read_bytes(void* to, std::size_t) { std::memcpy(to, &next, sizeof next); }
-};
-
-TEST(Containers, BinaryFormThatEndsEarly) {
-    ints_n1 list = list_of<ints_n1>({1, 2}, 9);
-    short_input from;
-    list.read_binary(from);
-    EXPECT_EQ(list.base, 4);
-    expect_holds(list, {5, 0, 0});
-}
-
 // Random operations on a list and on a std::vector. What is added comes from the list itself where
 // it can; each operation is first tried with a request that fails, which must change nothing.
 template <typename List>

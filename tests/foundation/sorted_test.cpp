@@ -55,13 +55,14 @@ TEST(Sorted, GroupsByHand) {
         {0, {}, {{}, {}, {}, {}}, {{-1}, {-1}, {}}}};
     for (const auto& row : rows) {
         group_record_3 record;
-        ints_n1 first = list_of({-1}), last = list_of({-1}), minima = list_of({-1});
+        ints_n1 first = list_of({-1}, 5), last = first, minima = first;
         group(list_of(row.values, row.base), record);
         run_bounds(record, first, last);
         run_minima(record, minima);
         const auto found = [](const auto&... lists) { return std::vector{vector_of(lists)...}; };
         EXPECT_EQ(found(record.index, record.unique, record.count, record.group), row.record);
         EXPECT_EQ(found(first, last, minima), row.bounds);
+        EXPECT_EQ(first.base + last.base + minima.base, row.values.empty() ? 10 : 0);
     }
 }
 

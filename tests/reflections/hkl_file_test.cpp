@@ -7,6 +7,7 @@
 #include <string>
 #include <vector>
 
+#include "foundation/platform.h"
 #include "support/expect_failure.h"
 #include "support/scratch_dir.h"
 #include "support/sg_text.h"
@@ -70,8 +71,9 @@ TEST(HklFile, FailuresLeaveAnOldFileAlone) {
                        row.message);
         EXPECT_EQ(read_file("group.hkl"), "old") << row.text;
     }
-    EXPECT_FAILURE(write_hkl_file_3("group.sg", "no/group.hkl", 1, 1, 1),
-                   " Cannot open file no/group.hkl");
+    const std::string path = std::string("no") + platform_separator + "group.hkl";
+    EXPECT_FAILURE(write_hkl_file_3("group.sg", path.c_str(), 1, 1, 1),
+                   " Cannot open file " + path);
 }
 
 using row_array = std::array<int, 4>;

@@ -3,6 +3,7 @@
 #include <new>
 #include <string>
 
+#include "support/expect_failure.h"
 #include "support/scratch_dir.h"
 #include "textin/file_in_bin.h"
 #include "textout/file_out_bin.h"
@@ -63,6 +64,13 @@ TEST_F(BinaryFiles, CountsAreNotTrusted) {
     EXPECT_STREQ(strings[-2].data, "bc");
     in.open("a.bin", 0);
     EXPECT_THROW(list_0_3<double>().read_binary(in), std::bad_alloc);
+    write_file("a.bin", raw(2) + raw(2147483646) + raw(7) + raw(8));
+    in.open("a.bin", 0);
+    EXPECT_FAILURE(numbers.read_binary(in), " Invalid list in a.bin");
+    list_0_3<int> from_0;
+    in.open("a.bin", 0);
+    from_0.read_binary(in);
+    EXPECT_EQ(from_0.n, 2);
 }
 
 const std::string lists = raw(2) + raw(-1) + raw(1.5) + raw(-2.5) + raw(1) + raw(3) + raw(7) +
