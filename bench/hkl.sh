@@ -1,7 +1,7 @@
 #!/usr/bin/env bash
-# Measures lists of reflections against their floor, a program that tests a bit for each cell of the
-# grid and writes as many rows: process time, peak memory, instructions. The .sg files are there
-# before, and both run by turns.
+# Measures lists of reflections against their floor, a program that goes through a grid of bits of
+# the same size and writes as many rows: process time, peak memory, instructions. The .sg files are
+# there before, and both run by turns.
 #
 #     bench/hkl.sh [ROUNDS]
 #
@@ -26,8 +26,8 @@ trap 'rm -rf "$folder"' EXIT
 cp data/*.txt "$folder"
 cd "$folder"
 
-# time_by_turns RUNS COMMAND COMMAND ... - the smallest time of each over all rounds, in ms. A busy
-# machine only ever makes a run longer.
+# time_by_turns RUNS COMMAND COMMAND ... - the smallest time of each over all rounds, in ms. What
+# else is running only ever makes a run longer.
 time_by_turns() {
     local i
     for ((i = 0; i < rounds; i++)); do

@@ -1,5 +1,5 @@
-// The least that a list of reflections must cost: a test of one bit for each cell of a grid of
-// indices, and rows of four numbers written to a file. The tool's -hkl is measured against it.
+// The least that a list of reflections must cost: a look at every bit of a grid of indices, and
+// rows of four numbers written to a file. The tool's -hkl is measured against it.
 //
 //     hkl_floor [H K L ROWS OUTPUT]
 //
@@ -39,7 +39,7 @@ std::int64_t count_clear(const bit_grid& grid, int h, int k, int l) {
     return clear;
 }
 
-// A blank, then the number right-aligned in four columns.
+// As the tool writes a number of a row.
 char* put_number(char* out, int value) {
     char digits[16];
     const char* const end = std::to_chars(digits, digits + sizeof digits, value).ptr;

@@ -196,7 +196,7 @@ void magnetic_sum(benchmark::State& state) {
 }
 BENCHMARK(magnetic_sum);
 
-// What the machine can do with pairs in registers: multiplications and additions that don't wait
+// What the processor can do with pairs in registers: multiplications and additions that don't wait
 // for each other.
 void arithmetic_peak(benchmark::State& state) {
     using pair = double __attribute__((vector_size(16)));

@@ -20,7 +20,7 @@ function(run_in_folder command expected_status expected)
 endfunction()
 
 if(TOOL)
-    run_in_folder("${TOOL}" 1 "")  # the tool's status is 1 on every road
+    run_in_folder("${TOOL}" 1 "")  # the tool always ends with 1
 endif()
 file(READ "${EXPECTED}" expected)
 run_in_folder("${PROGRAM}" ${STATUS} "${expected}")

@@ -37,18 +37,18 @@ HEAD = """\
 ' start of the file, and the first record that has it counts.
 '
 ' A record is   number tail { body }   with blanks around each part.
-' number   the number of the group; it chooses the axes of the slots
+' number   of the group; it chooses the axes of the slots
 ' tail     crystal system, a m o t r h or c; c or a for centric or acentric; then six characters
 '          for each generator: p, or i for inverted, the key of its rotation in sgrots3.txt, and
-'          three translations in twelfths, where the digit 5 means 10. The products of the powers
-'          are the group without centring, in the axes of slot 0. Its lattice is that of the name.
+'          three translations in twelfths, where the digit 5 means 10. Axes are those of slot 0. The
+'          products of the powers are complete but for the centring, which the name tells.
 ' body     up to six slots: a main name with further names behind =, or - for an empty one. They are
 '            3 to 15    b, -b, c, -c, a, -a (unique axis), in a record for each cell choice
 '            16 to 74   abc, ba-c, cab, -cba, bca, a-cb
 '            others     the same axes each time: further lattices of the group
 '
 ' Names are in lower case, without blanks, underscores and brackets. A colon stands only in :2 at
-' the end and in numeric names. Nothing is left from the first h on. A name ending in r means
+' the end and in numeric names. Nothing is left from the first h on. The ending r stands for
 ' rhombohedral axes. Marks behind a symbol: 1 or s origin choice 1, :2 or z origin choice 2 or a
 ' shifted origin. No name stands twice.
 '

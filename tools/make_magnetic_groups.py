@@ -47,9 +47,9 @@ OPERATORS_HEAD = """\
 ' The 1651 magnetic space groups, in the order of their BNS numbers, with their operators.
 '
 ' A record is
-'     BNS number   BNS symbol        ^ is the prime, for a single quote begins a comment
+'     BNS number   BNS symbol        ^ is the prime, as ' would start a comment
 '     n                              the number of operators that follow
-'     x,y,z,1                        n lines; the fourth field is the time reversal, 1 or -1
+'     x,y,z,1                        n lines, each with 1 or -1 for time reversal at its end
 '
 ' Left out are the copies that the lattice of unprimed translations makes of each operator: adding
 ' the vectors of the lattice letter (magnetic_names.txt) to the operators completes the group. The
@@ -69,7 +69,7 @@ NAMES_HEAD = """\
 '
 '     BNS number, OG number, BNS symbol, OG symbol, type, family, parent, lattice
 '
-' ^        the prime, for a single quote begins a comment
+' ^        the prime, as ' would start a comment
 ' type     1 colourless, 2 grey, 3 with primed operators but no primed translation, 4 with
 '          primed translations
 ' family   number of the space group without regard to time reversal

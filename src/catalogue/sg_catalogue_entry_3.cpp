@@ -56,7 +56,7 @@ struct name_scan {
     int next_slot = 0;
 };
 
-// Whether a name stands for a setting on rhombohedral axes.
+// Whether a name asks for rhombohedral axes.
 bool names_rhombohedral_axes(char_range_3 name) {
     return (name.length() > 0 && name.end[-1] == 'r') || sstring_in::range_equal(name, "r-3crs");
 }

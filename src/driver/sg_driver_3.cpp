@@ -105,7 +105,7 @@ void sg_driver_3::compare_groups(const char* symbol) {
     second_names.set_symbol(symbol);
     sg_decoder_3 second;
     generate_sg(second_names, second);
-    if (decoder.ops.n == 0) {  // nothing was decoded: this group has its .sg file from an earlier run
+    if (decoder.ops.n == 0) {  // it wasn't generated in this run
         load_sg_file_xyzs_3(names.sg_path().data, decoder.ops);
         normalise_xyzs_3(decoder.ops);
     }

@@ -7,8 +7,8 @@
 class sg_file_names_3 {
 public:
     /// Takes a symbol as a user types it: `F_d_d_d`, `P 21/c`, `Fd-3m:2`, `R-3:H`. The directory
-    /// becomes `sg` unless one was set. Fails with " No Spacegroup" when nothing but blanks and
-    /// parentheses was given.
+    /// becomes `sg` unless one was set. Fails with " No Spacegroup" if the text has no character
+    /// besides blanks and parentheses.
     void set_symbol(const char* text);
 
     /// Chooses where the output files go. A separator at the end of `text` is left out.

@@ -3,7 +3,7 @@
 #include "foundation/ctr_3.h"
 #include "foundation/text.h"
 
-/// A text that is put together piece by piece. It is a list of characters that ends in a NUL, so
+/// A text to which more can be added. It is a list of characters that ends in a NUL, so
 /// `n` is never below 1. When the room runs out, the list gets double of what the text then needs.
 class string_out : public vec_3<char, int, ctr_base_0_3<char, char, mem_copy_3<char, char>>> {
 public:

@@ -11,8 +11,8 @@ struct mag_atom_3 {
     int form_factor = 0;
 };
 
-/// A magnetic structure factor is a complex vector: its component along a, as real and imaginary
-/// part, then those along b and c, in 1e-12 cm.
+/// What magnetic_structure_factors_3 gives, a complex vector: real and imaginary part along a, then
+/// along b, then along c, in 1e-12 cm.
 struct mag_factor_3 {
     double part[6];
 };

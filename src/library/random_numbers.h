@@ -5,8 +5,8 @@
 // systems.
 
 /// Gives a number above 0, at most 0.99999988: a linear congruential sequence (times 16807, modulo
-/// 2^31 - 1) that a table of 32 of its numbers shuffles. The table is one for the whole process;
-/// `seed` is changed by each call. To begin again, give a negative seed, -1, -2, ... for different
+/// 2^31 - 1) that a table of 32 of its numbers shuffles. All callers share that table, and each
+/// call changes `seed`. To begin again, give a negative seed, -1, -2, ... for different
 /// sequences (0 is like -1). The first call begins in any case, a positive seed being taken for 1.
 double shuffle_random(int& seed);
 

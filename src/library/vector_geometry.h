@@ -13,7 +13,7 @@ class xyz_bad_angle_3 {};
 /// What stands in a result that couldn't be computed.
 inline constexpr double no_value_3 = -999.0;
 
-/// 1 on the diagonal, else 0.
+/// The matrix that changes nothing.
 const double* identity_3();
 
 // Basic operations

@@ -31,6 +31,6 @@ int rotation_cycle(const xyz_op_3& g, xyz_op_3& h, xyz_list_3& ops);
 /// empty list is taken for that of P 1 and so becomes the cyclic group of g.
 int close_cycles(const xyz_op_3& g, xyz_list_3& ops);
 
-/// 1 if a power of `op`, the 24th at most, has the rotation of `target`; else 0. It stops at the
-/// first power that is the identity with translations of 0; they aren't reduced.
+/// 1 if a power of `op`, the 24th at most, has the rotation of `target`; else 0. Powers behind one
+/// that is exactly x, y, z aren't tried; as nothing is normalised, x+1, y, z is no such one.
 int power_reaches(const xyz_op_3& op, const xyz_op_3& target);

@@ -19,7 +19,7 @@ vstring_in cut_row(sstring_in& in, const char* message) {
 
 struct term_start {
     int sign;
-    char c;  // 0 at the end of the row
+    char c;  // NUL if only a sign was left
 };
 
 // Passes the sign of a term and its first character.

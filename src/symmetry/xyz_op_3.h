@@ -70,9 +70,9 @@ void normalise_xyzs_3(xyz_list_3& ops);
 
 // Text
 
-/// Writes an operator on a new line behind a tab, and a blank behind it: `x-y, -y, z+2/3 ` (with
-/// the 2/3 as -1/3). Of a coefficient only the sign shows, so a 2 would look like a 1; no setting
-/// of the catalogue has one.
+/// Writes an operator on a new line behind a tab, and a blank behind it: `x-y, -y, -z-1/3 `. Of a
+/// coefficient only the sign shows, so a 2 would look like a 1; no setting of the catalogue has
+/// one.
 void write_xyz(stream_out& stream, const xyz_op_3& a);
 
 /// A translation as text: `1/2`, `-1/4`, `0`. Above a half it is written as a negative

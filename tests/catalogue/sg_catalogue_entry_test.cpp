@@ -64,7 +64,7 @@ TEST_F(Catalogue, Slots) {
         EXPECT_EQ(text.text(), row);
         EXPECT_TRUE(e.point_group.is_empty());
     }
-    // Names are compared byte for byte with the key, which is in lower case.
+    // Only the symbol is made lower case: a name in the file with capitals is never found.
     for (const char* symbol : {"pEEE", "paa", "paaaa", "p-", "b3 = x9", "1"}) {
         EXPECT_FAILURE(find(symbol), " Space group not found in lomar5.txt") << symbol;
     }

@@ -131,8 +131,8 @@ op_array transposed(const op_array& op) {
     return result;
 }
 
-// The list of a class must hold one of each pair of opposite operators among the transposed
-// rotations of the group, less the indices that are zero in the class; and nothing else.
+// Every rotation of the group, transposed and without the indices that the class sets to zero, must
+// be in the list, or else its negative must: one of the two, and nothing but these.
 void check_class(const std::string& name, const block& b, const std::set<op_array>& group) {
     SCOPED_TRACE(name);
     std::set<op_array> all;

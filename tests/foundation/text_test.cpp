@@ -28,6 +28,7 @@ TEST(Text, NumbersAreWrittenInTheFormatOfTheirType) {
     EXPECT_STREQ(number_text(1.0 / 3), "0.333333333");
     EXPECT_STREQ(number_text(1234567890.0), "1.23456789e+09");
     EXPECT_STREQ(number_text(std::uint64_t{9007199254740993U}), "9007199254740992");
+    EXPECT_STREQ(number_text(std::int64_t{-9007199254740993}), "-9007199254740992");
     format_scratch("").clear();
     EXPECT_EQ(format_scratch("   %4d   ").n_max, 1265);
     EXPECT_EQ(std::strlen(format_number("%2000d", 1)), 1264U);  // cut at the capacity

@@ -13,7 +13,7 @@
 
 // Operators as plain arrays, read by code of their own, to hold against those of the program.
 
-/// Three coefficients and the translation of each row; translations in 0 to 359.
+/// The rows of R, each with its number of t behind it, which is 0 to 359.
 using op_array = std::array<int, 12>;
 
 inline op_array array_of(const xyz_op_3& op) {
@@ -55,6 +55,27 @@ inline std::vector<std::string> split(std::string_view text, char separator) {
     std::istringstream in{std::string(text)};
     for (std::string part; std::getline(in, part, separator);) parts.push_back(part);
     return parts;
+}
+
+/// The operator that does first b, then a.
+inline op_array product(const op_array& a, const op_array& b) {
+    op_array result{};
+    for (unsigned i = 0; i < 12; ++i) {
+        int value = i % 4 == 3 ? a[i] : 0;
+        for (unsigned k = 0; k < 3; ++k) value += a[i / 4 * 4 + k] * b[4 * k + i % 4];
+        result[i] = i % 4 == 3 ? (value % 360 + 360) % 360 : value;
+    }
+    return result;
+}
+
+/// Where an operator sends a point given in twelfths of the cell edges: in 1/360, within the cell.
+inline std::array<int, 3> image_of_twelfths(const op_array& op, const std::array<int, 3>& p) {
+    std::array<int, 3> image{};
+    for (unsigned i = 0; i < 3; ++i) {
+        const int sum = op[4 * i] * p[0] + op[4 * i + 1] * p[1] + op[4 * i + 2] * p[2];
+        image[i] = ((30 * sum + op[4 * i + 3]) % 360 + 360) % 360;
+    }
+    return image;
 }
 
 /// The operators of a text such as `x,y,z;-x,-y,-z`, as they stand.

@@ -44,7 +44,7 @@ TEST_F(GeneratorFile, Grammar) {
         {"{ {{symmetry{x,y,z}", "x,y,z"},
         // Commas and semicolons count alike.
         {"symmetry{x, y; z, -x; -y, -z;\n\n}", "x,y,z;-x,-y,-z"},
-        // The end of the text ends the block, wherever it comes.
+        // A file may break off anywhere in its block.
         {"symmetry{x,y,z;-x,-y,-z", "x,y,z;-x,-y,-z"},
         {"symmetry{x,y,z;-x", "x,y,z;-x,,"},
         {"symmetry{;}", ",,"},
@@ -107,7 +107,7 @@ TEST(CyclicPowers, Orders) {
     EXPECT_EQ(powers_of({1, 0, 0, -30, 0, 1, 0, 0, 0, 0, 1, 0}).size(), 12U);
     // A matrix without inverse returns to itself at times.
     EXPECT_EQ(powers_of(op_of(",,")).size(), 1U);
-    // The orders are 15, 27 and, as 1/7 is held as 51/360, 120; the others have none.
+    // The orders are 15, 27 and, as 1/7 becomes 51/360, 120; the others have none.
     for (const char* op :
          {"x,y,z+1/15", "y,z,x+1/9", "x,y,z+1/7", "x+y,y,z", "y,z,", "x+y+z,x+y+z,x+y+z"}) {
         EXPECT_FAILURE(powers_of(op_of(op)), endless) << op;
@@ -157,7 +157,7 @@ TEST_F(GeneratorFile, Tables) {
     }
 }
 
-// What reached the console before a failure stays.
+// A failure leaves the lines before it on the console.
 TEST_F(GeneratorFile, FailuresAlongTheWay) {
     const std::string endless = "[ Identity matrix not found after 13 operations]";
     EXPECT_EQ(console_of("symmetry{"), "[ No generators in file gens.txt]");

@@ -220,7 +220,7 @@ def entries(records):
 # --- names and decoding ------------------------------------------------------------------------
 
 def lower_symbol(typed):
-    """The key by which a typed name is searched; empty for an invalid one."""
+    """What is looked up in the catalogue for `typed`; empty if that can't name a group."""
     text = re.sub(r"[() _]", "", typed).lower()
     if not text:
         return ""
