@@ -9,22 +9,13 @@
 # of limits 10 takes more than twice an empty process, or when memory is above its limits.
 set -euo pipefail
 cd "$(dirname "${BASH_SOURCE[0]}")/.."
-source tools/build_lib.sh
+source bench/bench_lib.sh
 
 rounds=${1:-5}
 
-need_compiler
-need hyperfine:hyperfine valgrind:valgrind /usr/bin/time:time python3:python3 \
-    /usr/include/benchmark/benchmark.h:libbenchmark-dev
-configure bench
-quietly cmake --build --preset bench -j "$(nproc)" --target lomar6 hkl_floor hkl_floor_static
 tool=$PWD/build/bench/lomar6
 floor=$PWD/build/bench/bench/hkl_floor
-
-folder=$(mktemp -d)
-trap 'rm -rf "$folder"' EXIT
-cp data/*.txt "$folder"
-cd "$folder"
+enter_bench lomar6 hkl_floor hkl_floor_static
 
 # time_by_turns RUNS COMMAND COMMAND ... - the smallest time of each over all rounds, in ms. What
 # else is running only ever makes a run longer.

@@ -9,23 +9,14 @@
 # 8 MiB and more.
 set -euo pipefail
 cd "$(dirname "${BASH_SOURCE[0]}")/.."
-source tools/build_lib.sh
+source bench/bench_lib.sh
 
 symbol=${1:-F_d_d_d}
 runs=${2:-500}
 
-need_compiler
-need hyperfine:hyperfine valgrind:valgrind /usr/bin/time:time python3:python3 \
-    /usr/include/benchmark/benchmark.h:libbenchmark-dev
-configure bench
-quietly cmake --build --preset bench -j "$(nproc)" --target lomar6 floor floor_static
 tool=$PWD/build/bench/lomar6
 floor=$PWD/build/bench/bench/floor
-
-folder=$(mktemp -d)
-trap 'rm -rf "$folder"' EXIT
-cp data/*.txt "$folder"
-cd "$folder"
+enter_bench lomar6 floor floor_static
 
 # What the tool writes for the symbol, and under which name.
 "$tool" "$symbol" -e failed.txt || true
