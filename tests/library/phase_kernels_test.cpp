@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 #include <random>
 #include <string>
+#include <type_traits>
 #include <vector>
 
 #include "reflections/sg_phase_sum_3.h"
@@ -23,134 +24,84 @@ struct stores {
             for (double& value : *list) value = number(random);
         }
     }
-    number_store_3 w_store() { return {w.data(), width}; }
-    number_store_3 t_store() { return {t.data(), width}; }
-    number_store_3 out_store() { return {out.data(), out_stride}; }
-
+    void expect_near(const stores& other) const {
+        for (std::size_t i = 0; i < w.size(); ++i) EXPECT_NEAR(w[i], other.w[i], 1e-14);
+        for (std::size_t i = 0; i < out.size(); ++i) EXPECT_NEAR(out[i], other.out[i], 1e-14);
+        EXPECT_EQ(t, other.t);
+    }
     std::vector<double> w = std::vector<double>(2 * 3 * width);
     std::vector<double> t = std::vector<double>(3 * width);
     std::vector<double> out = std::vector<double>(out_stride * width);
+    number_store_3 w_store = {w.data(), width};
+    number_store_3 t_store = {t.data(), width};
+    number_store_3 out_store = {out.data(), out_stride};
 };
 
-enum class output { none, stored, added };
-
-// The step in its general form, column by column.
-void expect_step(stores& s, bool unpaired, const std::vector<translation_sum_3>& sums, int n,
-                 bool writes_back, output to, bool has_factor) {
-    for (int column = 0; column < n; ++column) {
-        const auto at = static_cast<std::size_t>(width * row + column);
-        const translation_sum_3& r = sums[static_cast<std::size_t>(column)];
-        const double f = has_factor ? s.t[at] : 1.0;
-        const double sine = s.w[2 * at];
-        const double cosine = s.w[2 * at + 1];
-        const double c = (cosine * r.a2 - sine * r.b2) * f;
-        const double sn =
-            unpaired ? (sine * r.a1 + cosine * r.b1) * f : (sine * r.a2 + cosine * r.b2) * f;
-        if (writes_back) {
-            s.w[2 * at] = sn;
-            s.w[2 * at + 1] = c;
-        }
-        if (to == output::none) continue;
-        const auto place = static_cast<std::size_t>(out_stride * column);
-        s.out[place] = c + (to == output::added ? s.out[place] : 0.0);
-        if (unpaired) s.out[place + 1] = sn + (to == output::added ? s.out[place + 1] : 0.0);
-    }
-}
-
-void expect_near(const std::vector<double>& a, const std::vector<double>& b) {
-    for (std::size_t i = 0; i < a.size(); ++i) EXPECT_NEAR(a[i], b[i], 1e-14) << i;
-}
-
-// Runs each of the ten kernels of a case and holds it against the general form.
-struct case_check {
-    int number;
-    bool unpaired;
-    int_list_3 index;
-    sum_list_3 records;
-    int n;
-    unsigned seed = 1;
-
-    template <typename Run>
-    void kernel(const char* name, bool writes_back, output to, bool has_factor, Run run) {
-        SCOPED_TRACE("case " + std::to_string(number) + ' ' + name + " n " + std::to_string(n));
-        stores expected(++seed);
-        stores s = expected;
-        std::vector<translation_sum_3> sums;
-        for (int r = 0; r < n; ++r) sums.push_back(records[index[index.n == 1 ? 0 : r]]);
-        expect_step(expected, unpaired, sums, n, writes_back, to, has_factor);
-        run(s);
-        expect_near(s.w, expected.w);
-        expect_near(s.out, expected.out);
-        EXPECT_EQ(s.t, expected.t);
-    }
-
-    template <typename Kernel>
-    void out_kernel(const char* name, bool writes_back, output to, Kernel k) {
-        kernel(name, writes_back, to, false,
-               [&](stores& s) { k(s.out_store(), s.w_store(), index, records, row, n); });
-    }
-    template <typename Kernel>
-    void out_t_kernel(const char* name, bool writes_back, output to, Kernel k) {
-        kernel(name, writes_back, to, true, [&](stores& s) {
-            k(s.out_store(), s.w_store(), index, records, row, n, s.t_store());
-        });
-    }
-
-    void all() {
-        const phase_kernel_set_3& set = phase_kernels_3(number);
-        out_kernel("rotate_out first", true, output::stored, set.rotate_out.first);
-        out_kernel("rotate_out next", true, output::added, set.rotate_out.next);
-        out_t_kernel("rotate_out_t first", true, output::stored, set.rotate_out_t.first);
-        out_t_kernel("rotate_out_t next", true, output::added, set.rotate_out_t.next);
-        out_kernel("phase_out first", false, output::stored, set.phase_out.first);
-        out_kernel("phase_out next", false, output::added, set.phase_out.next);
-        out_t_kernel("phase_out_t first", false, output::stored, set.phase_out_t.first);
-        out_t_kernel("phase_out_t next", false, output::added, set.phase_out_t.next);
-        kernel("rotate", true, output::none, false,
-               [&](stores& s) { set.rotate(s.w_store(), index, records, row, n); });
-        kernel("rotate_t", true, output::none, true,
-               [&](stores& s) { set.rotate_t(s.w_store(), index, records, row, n, s.t_store()); });
-    }
-};
-
-// Records that the case allows: zeros where it leaves a term out.
-sum_list_3 records_for(bool has_a, bool has_b) {
-    sum_list_3 records;
-    for (double x : {0.3, -1.7, 2.0, 0.0, 0.9}) {
-        const double a = has_a ? 1.0 : 0.0;
-        const double b = has_b ? 1.0 : 0.0;
-        records.add({a * (x + 1), b * (x - 2), a * (2 * x + 1), b * (1 - x)});
-    }
-    return records;
-}
+enum output { none, stored, added };
 
 TEST(PhaseKernels, FollowTheGeneralForm) {
-    const struct {
-        int number;
-        kernel_case_3 what;
-    } rows[] = {
-        {1, {false, false, true, true}},  {2, {false, false, false, true}},
-        {3, {false, false, true, false}}, {4, {false, true, true, true}},
-        {5, {false, true, false, true}},  {6, {false, true, true, false}},
-        {7, {true, false, true, true}},   {8, {true, false, false, true}},
-        {9, {true, false, true, false}},  {10, {true, true, true, true}},
-        {11, {true, true, false, true}},  {12, {true, true, true, false}},
-    };
-    for (const auto& each : rows) {
-        EXPECT_EQ(kernel_case_number_3(each.what), each.number);
-        for (int n = 0; n <= 9; ++n) {
-            case_check check = {each.number,
-                                each.what.unpaired,
-                                {},
-                                records_for(each.what.has_a, each.what.has_b),
-                                n};
-            if (each.what.per_column) {
-                for (int r = 0; r < n; ++r) check.index.add(r * 3 % 5);
-            } else {
-                check.index.add(2);
-            }
-            check.all();
+    for (int i = 0; i < 12 * 10; ++i) {
+        const int number = i / 10 + 1;
+        const int n = i % 10;
+        const bool unpaired = number > 6;
+        const bool per_column = (number - 1) % 6 >= 3;
+        const double a = number % 3 != 2;  // 0 where the case leaves a term out
+        const double b = number % 3 != 0;
+        EXPECT_EQ(kernel_case_number_3({unpaired, per_column, a != 0.0, b != 0.0}), number);
+        sum_list_3 records;
+        for (double x : {0.3, -1.7, 2.0, 0.0, 0.9}) {
+            records.add({a * (x + 1), b * (x - 2), a * (2 * x + 1), b * (1 - x)});
         }
+        int_list_3 index;
+        for (int r = 0; r < (per_column ? n : 1); ++r) index.add((r + 2) * 3 % 5);
+
+        // Holds a kernel against the step in its general form, column by column.
+        const auto check = [&](auto kernel, bool writes_back, output to) {
+            using type = decltype(kernel);
+            constexpr bool has_factor =
+                std::is_same_v<type, out_t_kernel_3> || std::is_same_v<type, rotate_t_kernel_3>;
+            SCOPED_TRACE(testing::Message()
+                         << "case " << number << " n " << n << writes_back << to << has_factor);
+            stores found(static_cast<unsigned>(i));
+            const number_store_3& w = found.w_store;
+            if constexpr (std::is_same_v<type, out_kernel_3>) {
+                kernel(found.out_store, w, index, records, row, n);
+            } else if constexpr (std::is_same_v<type, out_t_kernel_3>) {
+                kernel(found.out_store, w, index, records, row, n, found.t_store);
+            } else if constexpr (has_factor) {
+                kernel(w, index, records, row, n, found.t_store);
+            } else {
+                kernel(w, index, records, row, n);
+            }
+            stores expected(static_cast<unsigned>(i));
+            for (int column = 0; column < n; ++column) {
+                const auto at = static_cast<std::size_t>(width * row + column);
+                const translation_sum_3& sum = records[index[per_column ? column : 0]];
+                const double f = has_factor ? expected.t[at] : 1.0;
+                double& s = expected.w[2 * at];
+                double& c = expected.w[2 * at + 1];
+                const double new_c = (c * sum.a2 - s * sum.b2) * f;
+                const double new_s =
+                    unpaired ? (s * sum.a1 + c * sum.b1) * f : (s * sum.a2 + c * sum.b2) * f;
+                double* const out = &expected.out[static_cast<std::size_t>(out_stride * column)];
+                if (to != none) out[0] = new_c + (to == added ? out[0] : 0.0);
+                if (to != none && unpaired) out[1] = new_s + (to == added ? out[1] : 0.0);
+                if (!writes_back) continue;
+                s = new_s;
+                c = new_c;
+            }
+            found.expect_near(expected);
+        };
+        const phase_kernel_set_3& set = phase_kernels_3(number);
+        for (const output to : {stored, added}) {
+            const auto of = [&](const auto& pair) { return to == added ? pair.next : pair.first; };
+            check(of(set.rotate_out), true, to);
+            check(of(set.rotate_out_t), true, to);
+            check(of(set.phase_out), false, to);
+            check(of(set.phase_out_t), false, to);
+        }
+        check(set.rotate, true, none);
+        check(set.rotate_t, true, none);
     }
     EXPECT_EQ(kernel_case_number_3({true, true, false, false}), 11) << "nothing but zeros";
 }
@@ -160,15 +111,14 @@ int case_in(const sg_phase_sum_3& sum, int g) {
     for (int number = 1; number <= 12; ++number) {
         const phase_kernel_set_3& set = phase_kernels_3(number);
         if (sum.rotate[g] != set.rotate) continue;
+        const auto same = [](const auto& a, const auto& b) {
+            return a.first == b.first && a.next == b.next;
+        };
+        EXPECT_TRUE(same(sum.phase_out[g], set.phase_out));
+        EXPECT_TRUE(same(sum.phase_out_t[g], set.phase_out_t));
+        EXPECT_TRUE(same(sum.rotate_out[g], set.rotate_out));
+        EXPECT_TRUE(same(sum.rotate_out_t[g], set.rotate_out_t));
         EXPECT_EQ(sum.rotate_t[g], set.rotate_t);
-        EXPECT_EQ(sum.phase_out[g].first, set.phase_out.first);
-        EXPECT_EQ(sum.phase_out[g].next, set.phase_out.next);
-        EXPECT_EQ(sum.phase_out_t[g].first, set.phase_out_t.first);
-        EXPECT_EQ(sum.phase_out_t[g].next, set.phase_out_t.next);
-        EXPECT_EQ(sum.rotate_out[g].first, set.rotate_out.first);
-        EXPECT_EQ(sum.rotate_out[g].next, set.rotate_out.next);
-        EXPECT_EQ(sum.rotate_out_t[g].first, set.rotate_out_t.first);
-        EXPECT_EQ(sum.rotate_out_t[g].next, set.rotate_out_t.next);
         EXPECT_EQ(sum.phase_add[g], set.phase_out.next);
         EXPECT_EQ(sum.phase_add_t[g], set.phase_out_t.next);
         return number;
@@ -177,36 +127,32 @@ int case_in(const sg_phase_sum_3& sum, int g) {
 }
 
 TEST(KernelSelection, ChoosesByTheSums) {
+    const char* const glide = "x,y,z;-x,y+1/2,-z+1/2;-x,-y,-z;x,-y+1/2,z+1/2";
+    const char* const screw = "x,y,z;-y,x,z+1/4";
+    const char* const d_glide = "x,y,z;-x,-y,-z;-x+1/4,y,z;x+3/4,-y,-z";
     const struct {
         const char* ops;
         std::vector<triple_3> hkls;
         std::vector<int> cases;  // of the groups, by ascending rotation
         int n_records;
-    } rows[] = {
-        {"x,y,z", {{{1, 2, 3}}, {{0, 0, 1}}}, {9}, 1},
-        {"x,y,z;-x,-y,-z", {{{1, 2, 3}}, {{0, 0, 1}}}, {3}, 1},
-        // The identity and the inversion make the first group, whose rotation is that of the
-        // inversion. c glide: the sums of the second group change their sign with k + l.
-        {"x,y,z;-x,y+1/2,-z+1/2;-x,-y,-z;x,-y+1/2,z+1/2", {{{0, 1, 0}}}, {3, 3}, 2},
-        {"x,y,z;-x,y+1/2,-z+1/2;-x,-y,-z;x,-y+1/2,z+1/2", {{{0, 1, 0}}, {{0, 2, 0}}}, {3, 6}, 2},
-        // Screw axis 4_1: sums of 1, i, -1, -i.
-        {"x,y,z;-y,x,z+1/4", {{{0, 0, 1}}}, {8, 9}, 2},
-        {"x,y,z;-y,x,z+1/4", {{{0, 0, 2}}}, {9, 9}, 2},
-        {"x,y,z;-y,x,z+1/4", {{{0, 0, 1}}, {{0, 0, 3}}}, {11, 9}, 3},
-        {"x,y,z;-y,x,z+1/4", {{{0, 0, 1}}, {{0, 0, 2}}}, {10, 9}, 3},
-        {"x,y,z;-y,x,z+1/4", {{{0, 0, 2}}, {{0, 0, 4}}}, {12, 9}, 2},
-        {"x,y,z;-y,x,z+1/3", {{{0, 0, 1}}}, {7, 9}, 2},
-        // The first column alone has a cosine sum.
-        {"x,y,z;-y,x,z+1/4", {{{0, 0, 4}}, {{0, 0, 1}}, {{0, 0, 1}}}, {10, 9}, 2},
-        // d glide with its pair under the inversion.
-        {"x,y,z;-x,-y,-z;-x+1/4,y,z;x+3/4,-y,-z", {{{1, 0, 0}}}, {3, 2}, 2},
-        {"x,y,z;-x,-y,-z;-x+1/4,y,z;x+3/4,-y,-z", {{{1, 0, 0}}, {{3, 0, 0}}}, {3, 5}, 3},
-        {"x,y,z;-x,-y,-z;-x+1/4,y,z;x+3/4,-y,-z", {{{1, 0, 0}}, {{2, 0, 0}}}, {3, 4}, 3},
-        {"x,y,z;-x,-y,-z;-x+1/3,y,z;x+2/3,-y,-z", {{{1, 0, 0}}}, {3, 1}, 2},
-        // Centring: all sums vanish.
-        {"x,y,z;x+1/2,y+1/2,z+1/2", {{{1, 0, 0}}}, {8}, 1},
-        {"x,y,z", {}, {11}, 0},
-    };
+    } rows[] = {{"x,y,z", {{{1, 2, 3}}, {{0, 0, 1}}}, {9}, 1},
+                // The identity and the inversion make the first group, whose rotation is that of
+                // the inversion. The sums of the second group change their sign with k + l.
+                {glide, {{{0, 1, 0}}, {{0, 2, 0}}}, {3, 6}, 2},
+                // Sums of 1, i, -1, -i.
+                {screw, {{{0, 0, 1}}}, {8, 9}, 2},
+                {screw, {{{0, 0, 1}}, {{0, 0, 3}}}, {11, 9}, 3},
+                {screw, {{{0, 0, 2}}, {{0, 0, 4}}}, {12, 9}, 2},
+                // The first column alone has a cosine sum.
+                {screw, {{{0, 0, 4}}, {{0, 0, 1}}, {{0, 0, 1}}}, {10, 9}, 2},
+                {"x,y,z;-y,x,z+1/3", {{{0, 0, 1}}}, {7, 9}, 2},
+                {d_glide, {{{1, 0, 0}}}, {3, 2}, 2},
+                {d_glide, {{{1, 0, 0}}, {{3, 0, 0}}}, {3, 5}, 3},
+                {d_glide, {{{1, 0, 0}}, {{2, 0, 0}}}, {3, 4}, 3},
+                {"x,y,z;-x,-y,-z;-x+1/3,y,z;x+2/3,-y,-z", {{{1, 0, 0}}}, {3, 1}, 2},
+                // Centring: all sums vanish, exactly, for a case without cosines is chosen.
+                {"x,y,z;x+1/2,y+1/2,z+1/2", {{{1, 0, 0}}}, {8}, 1},
+                {"x,y,z", {}, {11}, 0}};
     for (const auto& each : rows) {
         SCOPED_TRACE(std::string(each.ops) + ' ' + std::to_string(each.hkls.size()));
         const xyz_list_3 ops = xyz_list_of(each.ops);
@@ -215,46 +161,33 @@ TEST(KernelSelection, ChoosesByTheSums) {
         const int n = static_cast<int>(each.hkls.size());
         sum.start_sums(n);
         for (int r = 0; r < n; ++r) {
-            const triple_3& hkl = each.hkls[static_cast<std::size_t>(r)];
-            sum.record_sums(hkl[0], hkl[1], hkl[2], r);
+            const auto& [h, k, l] = each.hkls[static_cast<std::size_t>(r)].v;
+            sum.record_sums(h, k, l, r);
         }
         sum.select_kernels(n);
         EXPECT_EQ(sum.sum_records.n, each.n_records);
-        EXPECT_EQ(sum.sum_records.n_max, each.n_records);
         std::vector<int> cases;
         for (int g = 0; g < sum.groups.n; ++g) {
             cases.push_back(case_in(sum, g));
-            const bool uniform = cases.back() % 6 >= 1 && cases.back() % 6 <= 3;
-            EXPECT_EQ(sum.sum_index[g].n, uniform ? 1 : n);
-            if (uniform) {
-                EXPECT_EQ(sum.sum_index[g].n_max, 1);
-            }
+            EXPECT_EQ(sum.sum_index[g].n, (cases.back() - 1) % 6 < 3 ? 1 : n);
         }
         EXPECT_EQ(cases, each.cases);
     }
 }
 
-TEST(KernelSelection, RecordsDiffer) {
-    const xyz_list_3 ops = xyz_list_of("x,y,z;x+1/2,y,z;-y,x,z+1/4;-y+1/2,x,z+1/4");
-    sg_phase_sum_3 sum;
-    sum.set_up(ops);
-    sum.start_sums(3);
-    EXPECT_EQ(sum.sum_index[0][2], -1);
-    sum.sum_records.add({2.0, 0.9e-11, 2.0, 0.0});
-    sum.sum_records.add({2.0, 0.0, 2.0, 0.0});
-    sum.record_sums(0, 0, 4, 0);
-    EXPECT_EQ(sum.sum_index[0][0], 0) << "the first one within the tolerance";
-    EXPECT_EQ(sum.sum_index[1][0], 0);
-    sum.sum_records[0].b1 = 1.1e-11;
-    sum.record_sums(0, 0, 4, 1);
-    EXPECT_EQ(sum.sum_index[0][1], 1);
-    sum.record_sums(1, 0, 0, 2);
-    EXPECT_EQ(sum.sum_records.n, 3);
-    const translation_sum_3& zero = sum.sum_records[sum.sum_index[0][2]];
-    EXPECT_EQ(zero.a1, 0.0) << "exactly, not only within the table's accuracy";
-    EXPECT_EQ(zero.b1, 0.0);
-    EXPECT_EQ(zero.a2, 0.0);
-    EXPECT_EQ(zero.b2, 0.0);
+TEST(KernelSelection, RecordsDifferInEachPart) {
+    const xyz_list_3 ops = xyz_list_of("x,y,z;x+1/2,y,z");
+    for (int i = 0; i < 8; ++i) {
+        const bool is_far = i >= 4;
+        sg_phase_sum_3 sum;
+        sum.set_up(ops);
+        sum.start_sums(1);
+        double parts[4] = {2.0, 0.0, 2.0, 0.0};
+        parts[i % 4] += is_far ? 1.1e-11 : 0.9e-11;
+        sum.sum_records.add({parts[0], parts[1], parts[2], parts[3]});
+        sum.record_sums(0, 0, 4, 0);
+        EXPECT_EQ(sum.sum_index[0][0], is_far ? 1 : 0) << i;
+    }
 }
 
 }  // namespace

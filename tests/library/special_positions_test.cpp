@@ -18,71 +18,57 @@ std::string block_of(const xyz_list_3& ops) {
 }
 
 TEST(SpecialPositions, Text) {
-    EXPECT_EQ(block_of(xyz_list_of("x,y,z")), "\nspecial_positions\n{\n} 0");
-    EXPECT_EQ(block_of(xyz_list_of("x,y,z;-x,-y,-z")),
-              "\nspecial_positions\n{\n0 0 0\n0 0 0.5\n0 0.5 0\n0 0.5 0.5\n"
-              "0.5 0 0\n0.5 0 0.5\n0.5 0.5 0\n0.5 0.5 0.5\n} 8");
-    EXPECT_EQ(block_of({}), "\nspecial_positions\n{\n} 0");
-    const std::string mirror = block_of(xyz_list_of("x,y,z;x,-y+1/6,z"));
-    EXPECT_NE(mirror.find("\n0 0.0833333333 0\n"), std::string::npos);
-    EXPECT_TRUE(mirror.ends_with("} 288"));
-    // Every point on the mirrors has one image between the points of the grid.
-    const std::string shifted = block_of(xyz_list_of("x,y,z;x,-y,z;-x+1/8,-y,-z;-x+1/8,y,-z"));
-    EXPECT_TRUE(shifted.ends_with("} 288"));
+    const struct {
+        const char* ops;
+        const char* ending;
+    } rows[] = {
+        {"x,y,z", "\nspecial_positions\n{\n} 0"},
+        {"", "\nspecial_positions\n{\n} 0"},
+        {"x,y,z;-x,-y,-z",
+         "\nspecial_positions\n{\n0 0 0\n0 0 0.5\n0 0.5 0\n0 0.5 0.5\n"
+         "0.5 0 0\n0.5 0 0.5\n0.5 0.5 0\n0.5 0.5 0.5\n} 8"},
+        {"x,y,z;x,-y+1/6,z", "\n0.916666667 0.583333333 0.916666667\n} 288"},
+        // Every point on the mirrors has one image between the points of the grid.
+        {"x,y,z;x,-y,z;-x+1/8,-y,-z;-x+1/8,y,-z", "} 288"},
+    };
+    for (const auto& row : rows) {
+        const std::string block = block_of(xyz_list_of(row.ops));
+        EXPECT_TRUE(block.ends_with(row.ending)) << block.substr(block.size() - 50);
+        EXPECT_TRUE(block.starts_with("\nspecial_positions\n{\n"));
+    }
 }
 
 using point = std::array<int, 3>;  // in twelfths of the edges
-
-// The image of a point, in 1/360 of the edges.
-point image_under(const op_array& op, const point& at) {
-    point image{};
-    for (unsigned i = 0; i < 3; ++i) {
-        const int sum = op[4 * i] * at[0] + op[4 * i + 1] * at[1] + op[4 * i + 2] * at[2];
-        image[i] = ((30 * sum + op[4 * i + 3]) % 360 + 360) % 360;
-    }
-    return image;
-}
-
-std::vector<point> points_in(const std::string& block) {
-    std::istringstream in(block.substr(block.find('{') + 1));
-    std::vector<point> points;
-    for (double x = 0, y = 0, z = 0; in >> x >> y >> z;) {
-        points.push_back({static_cast<int>(x * 12 + 0.5), static_cast<int>(y * 12 + 0.5),
-                          static_cast<int>(z * 12 + 0.5)});
-    }
-    return points;
-}
 
 // A point is special if an operator besides the identity leaves it in place. Each special point of
 // the grid is the image of exactly one of those that are written, and none comes before that one.
 TEST(SpecialPositions, EverySetting) {
     for (const setting& row : read_settings()) {
         SCOPED_TRACE(row.symbol + ' ' + row.choice);
-        const xyz_list_3 list = xyz_list_of(row.operators);
-        const std::vector<op_array> ops = arrays_of(list);
-        const std::string block = block_of(list);
+        const std::string block = block_of(xyz_list_of(row.operators));
         std::vector<int> met(12 * 12 * 12);
-        const std::vector<point> points = points_in(block);
-        for (const point& p : points) {
-            std::vector<std::size_t> cells;
-            for (const op_array& op : ops) {
-                const point image = image_under(op, p);
-                if (image[0] % 30 + image[1] % 30 + image[2] % 30 != 0) continue;
-                cells.push_back(static_cast<std::size_t>(image[0] / 30 * 144 + image[1] / 30 * 12 +
-                                                         image[2] / 30));
+        int n_points = 0;
+        std::istringstream in(block.substr(block.find('{') + 1));
+        for (double x = 0, y = 0, z = 0; in >> x >> y >> z; ++n_points) {
+            const point p = {static_cast<int>(x * 12 + 0.5), static_cast<int>(y * 12 + 0.5),
+                             static_cast<int>(z * 12 + 0.5)};
+            std::set<int> orbit;
+            for (const op_array& op : row.group) {
+                const auto [a, b, c] = image_of_twelfths(op, p);
+                if (a % 30 + b % 30 + c % 30 == 0) orbit.insert((a * 12 + b) * 12 / 30 + c / 30);
             }
-            const std::set<std::size_t> orbit(cells.begin(), cells.end());
-            EXPECT_EQ(*orbit.begin(), static_cast<std::size_t>(p[0] * 144 + p[1] * 12 + p[2]));
-            for (const std::size_t cell : orbit) ++met[cell];
+            EXPECT_EQ(*orbit.begin(), (p[0] * 12 + p[1]) * 12 + p[2]);
+            for (const int cell : orbit) ++met[static_cast<std::size_t>(cell)];
         }
         for (int i = 0; i < 12 * 12 * 12; ++i) {
             const point p = {i / 144, i / 12 % 12, i % 12};
-            const point unmoved = {30 * p[0], 30 * p[1], 30 * p[2]};
             int stabiliser = 0;
-            for (const op_array& op : ops) stabiliser += image_under(op, p) == unmoved;
+            for (const op_array& op : row.group) {
+                stabiliser += image_of_twelfths(op, p) == point{30 * p[0], 30 * p[1], 30 * p[2]};
+            }
             ASSERT_EQ(met[static_cast<std::size_t>(i)], stabiliser > 1) << i;
         }
-        EXPECT_TRUE(block.ends_with("\n} " + std::to_string(points.size())));
+        EXPECT_TRUE(block.ends_with("\n} " + std::to_string(n_points)));
     }
 }
 
