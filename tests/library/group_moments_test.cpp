@@ -7,20 +7,15 @@
 
 namespace {
 
-// Operators such as `x,y,z,1;-x,-y,-z,-1`.
-xyz_list_3 signed_list_of(const std::string& text) {
-    xyz_list_3 ops;
-    for (const std::string& op : split(text, ';')) {
-        const std::size_t comma = op.rfind(',');
-        ops.add(xyz_op_of(op.substr(0, comma)));
-        ops[ops.last()].tag = std::stoi(op.substr(comma + 1));
-    }
+xyz_list_3 signed_list_of(std::string_view text, const std::vector<int>& signs) {
+    xyz_list_3 ops = xyz_list_of(text);
+    for (int i = 0; i < ops.n; ++i) ops[i].tag = signs.at(static_cast<std::size_t>(i));
     return ops;
 }
 
 // The moments themselves are those of the structure factors of every magnetic group.
 TEST(GroupMoments, EntriesAndTwins) {
-    const xyz_list_3 ops = signed_list_of("x,y,z,2;-x,-y,z,1;-x,y,-z,1;x,-y,-z,-1");
+    const xyz_list_3 ops = signed_list_of("x,y,z;-x,-y,z;-x,y,-z;x,-y,-z", {2, 1, 1, -1});
     sg_phase_sum_3 sum;
     sum.set_up_magnetic(ops);
     EXPECT_EQ(sum.axis_has_moment_3(1), 1);
@@ -33,7 +28,7 @@ TEST(GroupMoments, EntriesAndTwins) {
     sum.find_axis_moments_3(1);
     EXPECT_EQ(sum.axis_entries[1].p, held) << "a second request finds the lists";
     // Without single signs, and without signs at all, nothing has a moment.
-    const xyz_list_3 grey = signed_list_of("x,y,z,2;-x,-y,z,2");
+    const xyz_list_3 grey = signed_list_of("x,y,z;-x,-y,z", {2, 2});
     const double v[3] = {1.0, 2.0, -3.0};
     for (const bool is_magnetic : {true, false}) {
         is_magnetic ? sum.set_up_magnetic(grey) : sum.set_up(ops);

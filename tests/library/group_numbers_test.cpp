@@ -41,10 +41,8 @@ TEST_F(GroupNumbers, OfAllNames) {
     const struct {
         const char* text;
         int number;
-    } rows[] = {{" P 21/c ", 14}, {" 9999", 9999}, {"225:2", 225}, {"P_21/", 0}, {"P_7", 0},
-                {"xyz", 0},       {"-3", 0},       {"0", 0},       {"P112", 0}};
+    } rows[] = {{" 9999", 9999}, {"225:2", 225}, {"P_21/", 0}, {"xyz", 0}, {"-3", 0}};
     for (const auto& row : rows) EXPECT_EQ(sg_number_of(row.text), row.number) << row.text;
-    EXPECT_FAILURE(sg_number_of(""), " No Spacegroup");
     EXPECT_FAILURE(sg_number_of(" ( ) "), " No Spacegroup");
 }
 
@@ -57,19 +55,15 @@ TEST_F(GroupNumbers, Catalogues) {
         std::string names;  // of number 5, or a failure
     } rows[] = {{"0 t { p1 =1 }", " File lomar5.txt is corrupt"},
                 {"231 t { p1 =1 }", " File lomar5.txt is corrupt"},
-                {"99999999999 t { }", " File lomar5.txt is corrupt"},
                 {"1 t", " Cannot find { in stream lomar5.txt"},
                 {"1 t { p1 { }", " Unclosed:  }"},
                 {"1 t { p1 } 1 t { p1", " Cannot find } in stream lomar5.txt"},
                 {"5 t { c2 =5 =c121 =5:b1 - a112 =5:c }", "c2 c121"},
                 {"5 t { - - c112 } 5 t { c2 =5 }", "c112"},  // no number: the last slot
-                {"5 t { a2 - =b2 } 5 t { c2 }", "b2"},
-                {"5 t { a2 =x b2 =5 =y z }", "b2 y"},  // a name without = begins a slot
+                {"5 t { a2 =x b2 =5 =y z }", "b2 y"},        // a name without = begins a slot
                 {"5 t { as a2s =a2 =5s =b }", "a2 b"},
                 {"5 t { =a2 - - 5 }", ""},
-                {"5\n t x { a2\n=5 } 5 { } ' c }\n", "a2"},
-                {"5 t { a2 { =5 } b } 5 }", "{"},
-                {"", ""}};
+                {"5 t { a2 { =5 } b } 5 }", "{"}};
     for (const auto& row : rows) {
         write_file("lomar5.txt", row.catalogue);
         const auto failure = message_of([&] { load_sg_names(names); });
@@ -105,8 +99,6 @@ TEST_F(GroupNumbers, LoadsRecords) {
     EXPECT_TRUE(entry.unique_axis.is_empty());
     EXPECT_EQ(load_space_group(entry, "Fddd"), space_group_loaded);
     EXPECT_EQ(child.commands.size(), 3U) << "the file is there now";
-    write_file(path, "no record");
-    EXPECT_FAILURE(load_space_group(entry, "Fddd"), " Cannot find: space_group");
 }
 
 }  // namespace

@@ -135,8 +135,7 @@ TEST(KernelSelection, ChoosesByTheSums) {
         std::vector<triple_3> hkls;
         std::vector<int> cases;  // of the groups, by ascending rotation
         int n_records;
-    } rows[] = {{"x,y,z", {{{1, 2, 3}}, {{0, 0, 1}}}, {9}, 1},
-                // The identity and the inversion make the first group, whose rotation is that of
+    } rows[] = {// The identity and the inversion make the first group, whose rotation is that of
                 // the inversion. The sums of the second group change their sign with k + l.
                 {glide, {{{0, 1, 0}}, {{0, 2, 0}}}, {3, 6}, 2},
                 // Sums of 1, i, -1, -i.

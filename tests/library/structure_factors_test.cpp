@@ -49,15 +49,9 @@ scattering_table_3 table_for(const hkl_list& hkls) {
 template <typename Atom>
 complex term_of(const op_array& op, const triple_3& hkl, int r, const Atom& atom,
                 const scattering_table_3& table) {
-    double turns = 0.0;
-    for (unsigned i = 0; i < 3; ++i) {
-        double x = op[4 * i + 3] / 360.0;
-        for (unsigned j = 0; j < 3; ++j) x += op[4 * i + j] * atom.position[j];
-        turns += hkl.v[i] * x;
-    }
     const double f = atom.occupancy * table.form_factors[atom.form_factor][r] *
                      std::exp(-atom.b_iso * table.s_squared[r]);
-    return std::polar(f, 2.0 * std::numbers::pi * turns);
+    return std::polar(f, 2.0 * std::numbers::pi * turns_of(op, atom.position, hkl.v));
 }
 
 void check(const xyz_list_3& ops, const hkl_list& hkls, double tolerance) {
@@ -66,8 +60,6 @@ void check(const xyz_list_3& ops, const hkl_list& hkls, double tolerance) {
     static structure_factors_3 sums;  // one object for all set-ups, which serve any number of sums
     sums.set_up(ops, hkls);
     list_0_3<structure_factor_3> result;
-    sums.sum(list_0_3<sf_atom_3>(), table, result);
-    for (const auto& [a, b] : result) EXPECT_EQ(std::abs(a) + std::abs(b), 0.0) << "no atoms";
     sums.sum(atoms, table, result);
     ASSERT_EQ(result.n, hkls.n);
     const std::vector<op_array> arrays = arrays_of(ops);
@@ -92,8 +84,10 @@ TEST(StructureFactors, EverySetting) {
 TEST(StructureFactors, UnusualLists) {
     const xyz_list_3 ops = xyz_list_of("x,y,z;-x+1/2,-y,z+1/2;-y,x,-z;y+1/2,-x,-z+1/2");
     check(ops, hkl_list(), 0.0);
-    check(ops, list_of({{{3, 1, 4}}}), 1e-10);
     check(xyz_list_3(), list_of({{{3, 1, 4}}}), 0.0);
+    // Operators without their negatives beside pairs, in a group of their own and in the same one.
+    check(xyz_list_of("x,y,z;-x,-y,-z;x,y,z+1/2"), some_hkls(), 1e-10);
+    check(xyz_list_of("-x,-y,-z+1/2;x,y,z;-x,-y,-z"), some_hkls(), 1e-10);
     // Indices too large for looking their factors up: the phases have fewer digits there.
     check(ops, list_of({{{1, 2, 3}}, {{2000000, -1, 7}}, {{0, 0, -2000000000}}}), 1e-4);
     // Translations that aren't normalised, and ones that no space group has.
@@ -109,8 +103,7 @@ TEST(StructureFactors, SiteOrder) {
         double position[3];
         int order;
     } rows[] = {
-        {"x,y,z;-x,-y,-z", {0.1, 0.2, 0.3}, 1},       {"x,y,z;-x,-y,-z", {0.5, 0.0, -1.5}, 2},
-        {"x,y,z;-x,-y,-z", {0.50002, 0.0, 0.0}, 2},   {"x,y,z;-x,-y,-z", {0.501, 0.0, 0.0}, 1},
+        {"x,y,z;-x,-y,-z", {0.50002, 0.0, -1.5}, 2},  {"x,y,z;-x,-y,-z", {0.501, 0.0, 0.0}, 1},
         {"x,y,z;-x+1/2,-y,z+1/2", {0.25, 0, 0}, 1},   {"x,y,z;-x+1/2,-y,z", {0.25, 0.5, 0.3}, 2},
         {"x,y,z;-y,x-y,z", {1.0 / 3, 2.0 / 3, 1}, 2},
     };

