@@ -18,10 +18,10 @@ public:
 
     // Parallel lists of 42 rows, ascending by name.
     string_list_3 names;
-    /// Rotations as in the catalogue's generator fields. Nothing reads them, and those of mmm, 4/mmm
-    /// and 23 don't generate their groups.
+    /// Rotations as in the catalogue's generator fields. Nothing reads them, and those of mmm,
+    /// 4/mmm and 23 don't generate their groups.
     string_list_3 generators;
-    string_list_3 keys;        ///< what lookup compares with: `3` for the names `3 1` and `3 2`
+    string_list_3 keys;  ///< what lookup compares with: `3` for the names `3 1` and `3 2`
 
 private:
     bool is_key() const { return find_sorted(keys, work.data) != not_found; }

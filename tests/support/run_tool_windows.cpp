@@ -34,9 +34,14 @@ tool_run run_tool(const std::vector<std::string>& arguments) {
     startup.hStdOutput = open_output(".console");
     startup.hStdError = open_output(".errors");
     PROCESS_INFORMATION process = {};
-    if (!CreateProcessA(nullptr, line.data(), nullptr, nullptr, TRUE, 0, nullptr, nullptr, &startup,
-                        &process)) {
-        throw std::runtime_error("no run");
+    // Wine fails to start one process in some thousands, with an error that says no more.
+    for (int trial = 1; !CreateProcessA(nullptr, line.data(), nullptr, nullptr, TRUE, 0, nullptr,
+                                        nullptr, &startup, &process);
+         ++trial) {
+        const DWORD error = GetLastError();
+        if (error != ERROR_INTERNAL_ERROR || trial == 3) {
+            throw std::runtime_error("CreateProcess: error " + std::to_string(error));
+        }
     }
     WaitForSingleObject(process.hProcess, INFINITE);
     DWORD status = 0;
