@@ -1,5 +1,6 @@
 #include "support/run_tool.h"
 
+#include <optional>
 #include <stdexcept>
 #include <windows.h>
 
@@ -23,6 +24,22 @@ HANDLE open_output(const char* name) {
                        nullptr);
 }
 
+// The exit status of a command, or nothing if it doesn't start, or doesn't end within 20 seconds.
+std::optional<DWORD> status_of(std::string line, STARTUPINFOA& startup) {
+    PROCESS_INFORMATION process = {};
+    if (!CreateProcessA(nullptr, line.data(), nullptr, nullptr, TRUE, 0, nullptr, nullptr, &startup,
+                        &process)) {
+        return std::nullopt;
+    }
+    DWORD status = 0;
+    const bool ended = WaitForSingleObject(process.hProcess, 20000) == WAIT_OBJECT_0;
+    if (!ended) TerminateProcess(process.hProcess, 1);
+    GetExitCodeProcess(process.hProcess, &status);
+    CloseHandle(process.hProcess);
+    CloseHandle(process.hThread);
+    return ended ? std::optional(status) : std::nullopt;
+}
+
 }  // namespace
 
 tool_run run_tool(const std::vector<std::string>& arguments) {
@@ -33,24 +50,14 @@ tool_run run_tool(const std::vector<std::string>& arguments) {
     startup.dwFlags = STARTF_USESTDHANDLES;
     startup.hStdOutput = open_output(".console");
     startup.hStdError = open_output(".errors");
-    PROCESS_INFORMATION process = {};
-    // Wine fails to start one process in some thousands, with an error that says no more.
-    for (int trial = 1; !CreateProcessA(nullptr, line.data(), nullptr, nullptr, TRUE, 0, nullptr,
-                                        nullptr, &startup, &process);
-         ++trial) {
-        const DWORD error = GetLastError();
-        if (error != ERROR_INTERNAL_ERROR || trial == 3) {
-            throw std::runtime_error("CreateProcess: error " + std::to_string(error));
-        }
-    }
-    WaitForSingleObject(process.hProcess, INFINITE);
-    DWORD status = 0;
-    GetExitCodeProcess(process.hProcess, &status);
-    for (HANDLE handle :
-         {process.hProcess, process.hThread, startup.hStdOutput, startup.hStdError}) {
-        CloseHandle(handle);
-    }
-    const tool_run result = {static_cast<int>(status), read_file(".console"), read_file(".errors")};
+    std::optional<DWORD> status;
+    // Wine fails to start one process in some thousands.
+    for (int trial = 0; !status && trial < 3; ++trial) status = status_of(line, startup);
+    CloseHandle(startup.hStdOutput);
+    CloseHandle(startup.hStdError);
+    if (!status) throw std::runtime_error("no run of " + line);
+    const tool_run result = {static_cast<int>(*status), read_file(".console"),
+                             read_file(".errors")};
     std::filesystem::remove(".console");
     std::filesystem::remove(".errors");
     return result;

@@ -172,7 +172,7 @@ TEST_F(Tool, DamagedDataFiles) {
     const std::set<std::string> known = {"", " Invalid rotation matrix type\n",
                                          " Rotation matrix failed consistency test\n"};
     write_file("lomar5.txt", read_file(DATA_DIR "/lomar5.txt"));
-    for (std::size_t n = 0; n < rotations.size(); n += rotations.size() / 150 + 1) {
+    for (std::size_t n = 0; n < rotations.size(); n += rotations.size() / 50 + 1) {
         write_file("sgrots3.txt", rotations.substr(0, n));
         EXPECT_TRUE(known.contains(console_of({"P432"}))) << n;
         fs::remove("p432.sg");
@@ -184,16 +184,11 @@ TEST_F(Tool, DamagedDataFiles) {
     }
 }
 
-TEST_F(Tool, AnyByteAsSymbol) {
-    for (int byte = 1; byte < 256; ++byte) {
-        const char c = static_cast<char>(byte);
-        const bool letter = std::string_view("pabcifrPABCIFR").find(c) != std::string_view::npos;
-        const std::string expected = c == '(' || c == ')' || c == ' ' ? " No Spacegroup\n"
-                                     : letter                         ? not_found
-                                     : c >= '1' && c <= '9'           ? ""
-                                                                      : bad_symbol;
-        EXPECT_EQ(console_of({std::string(1, c)}), expected) << byte;
-        EXPECT_EQ(console_of({"P9" + std::string(1, c)}), not_found) << byte;
+// Bytes that one of the systems treats in its own way on the way to the program.
+TEST_F(Tool, SpecialBytesInSymbols) {
+    for (const char c : "\x01\t\n\"'\\*?%^&<>|\x80\xff"s) {
+        EXPECT_EQ(console_of({std::string(1, c)}), bad_symbol) << c;
+        EXPECT_EQ(console_of({"P9" + std::string(1, c)}), not_found) << c;
     }
 }
 

@@ -1,0 +1,38 @@
+#include <gtest/gtest.h>
+#include <string>
+
+#include "driver/sg_driver_3.h"
+#include "support/scratch_dir.h"
+#include "textout/console.h"
+#include "textout/sstring_out.h"
+
+namespace {
+
+std::string console_of(const std::string& symbol) {
+    sstring_out console;
+    push_console_stream(console);
+    const char* const arguments[] = {"lomar6", symbol.c_str()};
+    sg_driver_3().run(2, arguments);
+    pop_console_stream();
+    return console.text();
+}
+
+TEST(Driver, AnyByteAsSymbol) {
+    const scratch_dir dir;
+    for (const char* name : {"lomar5.txt", "sgrots3.txt"}) {
+        std::filesystem::copy_file(std::filesystem::path(DATA_DIR) / name, name);
+    }
+    const std::string not_found = " Space group not found in lomar5.txt\n";
+    for (int byte = 1; byte < 256; ++byte) {
+        const char c = static_cast<char>(byte);
+        const bool letter = std::string_view("pabcifrPABCIFR").find(c) != std::string_view::npos;
+        const std::string expected = c == '(' || c == ')' || c == ' ' ? " No Spacegroup\n"
+                                     : letter                         ? not_found
+                                     : c >= '1' && c <= '9'           ? ""
+                                                            : " Error in space group symbol\n";
+        EXPECT_EQ(console_of(std::string(1, c)), expected) << byte;
+        EXPECT_EQ(console_of("P9" + std::string(1, c)), not_found) << byte;
+    }
+}
+
+}  // namespace
