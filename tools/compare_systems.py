@@ -22,7 +22,7 @@ INPUTS = {
 }
 BAD_RUNS = ([], ["x"], ["("], ["p999"], ["P 1", "-dir"], ["P 1", "-hkl", "1"],
             ["P 1", "-hkl", "99999", "99999", "99999"], ["P 1", "-hhh"], ["-bill", "lomar5.txt"],
-            ["-bill", "none.txt"], ["P 1", "-dir", "missing/folder"],
+            ["P 1", "-dir", "missing/folder"],
             ["P 1", "-compare", "p999", "-e", "failed"], ["P 1", "-e", "out/failed", "-hkl", "x"])
 
 

@@ -1,3 +1,4 @@
+#include <filesystem>
 #include <gtest/gtest.h>
 #include <string>
 
@@ -23,13 +24,14 @@ TEST(Driver, AnyByteAsSymbol) {
         std::filesystem::copy_file(std::filesystem::path(DATA_DIR) / name, name);
     }
     const std::string not_found = " Space group not found in lomar5.txt\n";
+    const std::string bad_symbol = " Error in space group symbol\n";
     for (int byte = 1; byte < 256; ++byte) {
         const char c = static_cast<char>(byte);
         const bool letter = std::string_view("pabcifrPABCIFR").find(c) != std::string_view::npos;
         const std::string expected = c == '(' || c == ')' || c == ' ' ? " No Spacegroup\n"
                                      : letter                         ? not_found
                                      : c >= '1' && c <= '9'           ? ""
-                                                            : " Error in space group symbol\n";
+                                                                      : bad_symbol;
         EXPECT_EQ(console_of(std::string(1, c)), expected) << byte;
         EXPECT_EQ(console_of("P9" + std::string(1, c)), not_found) << byte;
     }
