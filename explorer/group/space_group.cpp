@@ -1,0 +1,23 @@
+#include "group/space_group.h"
+
+#include "group/library_adapter.h"
+
+namespace lomar {
+
+space_group group_of(const setting& row) {
+    const library_group found = operators_of_name(row.name());
+    space_group result;
+    result.row = &row;
+    result.lattice = row.symbol[0];
+    result.centring = found.centring;
+    result.operators.reserve(found.representatives.size() * found.centring.size());
+    for (const fraction_vector& vector : found.centring) {
+        for (symop op : found.representatives) {
+            op.trans = modulo_one(op.trans + vector);
+            result.operators.push_back(op);
+        }
+    }
+    return result;
+}
+
+}  // namespace lomar

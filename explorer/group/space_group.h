@@ -1,0 +1,29 @@
+#pragma once
+
+#include <span>
+#include <vector>
+
+#include "group/settings.h"
+#include "group/symop.h"
+
+namespace lomar {
+
+/// A space group in one of its settings, with all operators of the cell.
+struct space_group {
+    const setting* row = nullptr;
+    char lattice = 'P';  ///< R on rhombohedral axes, too, where `centring` has one vector
+    std::vector<fraction_vector> centring;  ///< the null vector first
+    /// The identity first; translations in [0, 1). The first operators.size() / centring.size() of
+    /// them are one for each coset of the centring, each further stretch of that length is those
+    /// plus the next centring vector, in the same order.
+    std::vector<symop> operators;
+
+    std::size_t primitive_order() const { return operators.size() / centring.size(); }
+    std::span<const symop> representatives() const { return {operators.data(), primitive_order()}; }
+};
+
+/// The group of a setting, its operators made by the library from the catalogue that is compiled
+/// in.
+space_group group_of(const setting& row);
+
+}  // namespace lomar
