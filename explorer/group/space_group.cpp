@@ -8,6 +8,9 @@ space_group group_of(const setting& row) {
     const library_group found = operators_of_name(row.name());
     space_group result;
     result.row = &row;
+    result.name = row.name();
+    result.hall = row.hall;
+    result.to_standard = row.to_standard();
     result.lattice = row.symbol[0];
     result.centring = found.centring;
     result.operators.reserve(found.representatives.size() * found.centring.size());

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <span>
+#include <string>
 #include <vector>
 
 #include "group/settings.h"
@@ -8,10 +9,15 @@
 
 namespace lomar {
 
-/// A space group in one of its settings, with all operators of the cell.
+/// A space group in some axes, with all operators of the cell.
 struct space_group {
+    /// Its row in the table; for axes that the table lacks, the standard setting of its number.
     const setting* row = nullptr;
-    char lattice = 'P';  ///< R on rhombohedral axes, too, where `centring` has one vector
+    bool tabulated = true;     ///< whether the operators are those of the row
+    std::string name;          ///< what names exactly this group in these axes
+    std::string hall;          ///< a Hall symbol of it
+    basis_change to_standard;  ///< to the standard setting of its number
+    char lattice = 'P';        ///< R on rhombohedral axes, too, where `centring` has one vector
     std::vector<fraction_vector> centring;  ///< the null vector first
     /// The identity first; translations in [0, 1). The first operators.size() / centring.size() of
     /// them are one for each coset of the centring, each further stretch of that length is those
