@@ -4,11 +4,10 @@
 #include <benchmark/benchmark.h>
 #include <cmath>
 
-#include "catalogue/sg_catalogue_entry_3.h"
+#include "library/groups/space_group_3.h"
 #include "library/phase_kernels.h"
 #include "library/structure_factors.h"
 #include "library/sum_into_mag_3.h"
-#include "symmetry/sg_decoder_3.h"
 #include "textin/data_dir.h"
 
 namespace {
@@ -20,13 +19,7 @@ constexpr double two_pi = 6.28318530717958;
 struct sample {
     explicit sample(const char* symbol) {
         data_dir() = DATA_DIR "/";
-        sg_file_names_3 names;
-        names.set_symbol(symbol);
-        const sg_catalogue_entry_3 entry = find_catalogue_entry(names);
-        decoder.set_computer_symbol(entry.computer_symbol.data);
-        decoder.decode(entry.axes.data);
-        stream_out nowhere;
-        decoder.write_xyzs(nowhere);
+        ops.take(space_group_of(symbol).ops);
         table.form_factors.set_n(1);
         for (int h = 0; hkls.n < n_reflections; ++h) {
             for (int k = -15; k <= 15; ++k) {
@@ -42,7 +35,7 @@ struct sample {
         }
     }
 
-    sg_decoder_3 decoder;
+    xyz_list_3 ops;
     list_0_3<triple_3> hkls;
     list_0_3<sf_atom_3> atoms;
     scattering_table_3 table;
@@ -51,13 +44,13 @@ struct sample {
 void by_kernels(benchmark::State& state, const char* symbol) {
     const sample s(symbol);
     structure_factors_3 sums;
-    sums.set_up(s.decoder.ops, s.hkls);
+    sums.set_up(s.ops, s.hkls);
     list_0_3<structure_factor_3> result;
     for (auto _ : state) {
         sums.sum(s.atoms, s.table, result);
         benchmark::DoNotOptimize(result.p);
     }
-    state.counters["operators"] = s.decoder.ops.n;
+    state.counters["operators"] = s.ops.n;
 }
 
 void with_set_up(benchmark::State& state, const char* symbol) {
@@ -65,7 +58,7 @@ void with_set_up(benchmark::State& state, const char* symbol) {
     list_0_3<structure_factor_3> result;
     for (auto _ : state) {
         structure_factors_3 sums;
-        sums.set_up(s.decoder.ops, s.hkls);
+        sums.set_up(s.ops, s.hkls);
         sums.sum(s.atoms, s.table, result);
         benchmark::DoNotOptimize(result.p);
     }
@@ -81,7 +74,7 @@ void direct(benchmark::State& state, const char* symbol) {
         for (const sf_atom_3& atom : s.atoms) {
             s.table.factors_of(atom.occupancy, atom.b_iso, atom.form_factor, factors);
             const double* const x = atom.position;
-            for (const xyz_op_3& op : s.decoder.ops) {
+            for (const xyz_op_3& op : s.ops) {
                 double image[3];
                 for (int i = 0; i < 3; ++i) {
                     image[i] = two_pi * (op.rot(i, 0) * x[0] + op.rot(i, 1) * x[1] +
@@ -97,14 +90,14 @@ void direct(benchmark::State& state, const char* symbol) {
         }
         benchmark::DoNotOptimize(result.p);
     }
-    state.counters["operators"] = s.decoder.ops.n;
+    state.counters["operators"] = s.ops.n;
 }
 
 // What the folding alone gains: one sine and one cosine for each group of operators.
 void folded(benchmark::State& state, const char* symbol) {
     const sample s(symbol);
     sg_phase_sum_3 sum;
-    sum.set_up(s.decoder.ops);
+    sum.set_up(s.ops);
     list_0_3<structure_factor_3> result;
     list_0_3<double> factors;
     list_0_3<sum_list_3> sums;

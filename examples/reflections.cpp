@@ -5,22 +5,21 @@
 #include <cstdlib>
 
 #include "foundation/except_3.h"
-#include "group_of_symbol.h"
+#include "library/groups/space_group_3.h"
 #include "library/reflection_variants.h"
 #include "reflections/similar_hkls.h"
 
 int main(int argc, char** argv) {
     if (argc != 3) return 1;
     try {
-        sg_decoder_3 decoder;
-        group_of_symbol(argv[1], decoder);
+        const space_group_3 group = space_group_of(argv[1]);
         class_lists_3 classes;
-        similar_hkls_3(decoder.ops, classes);
+        similar_hkls_3(group.ops, classes);
         const int limit = std::atoi(argv[2]);
         hkl_generator_3 generator;
         row_list_3 rows;
         int_list_3 status;
-        generator.generate_with_status(classes, decoder.ops, {{limit, limit, limit}}, rows, status);
+        generator.generate_with_status(classes, group.ops, {{limit, limit, limit}}, rows, status);
         for (int i = 0; i < rows.n; ++i) {
             std::printf("%3d %3d %3d  %d %s\n", rows[i].h, rows[i].k, rows[i].l,
                         rows[i].multiplicity, status[i] == 1 ? "present" : "absent");

@@ -6,21 +6,20 @@
 #include <cstdio>
 
 #include "foundation/except_3.h"
-#include "group_of_symbol.h"
+#include "library/groups/space_group_3.h"
 #include "library/reflection_variants.h"
 #include "textout/console.h"
 
 int main(int argc, char** argv) {
     try {
-        sg_decoder_3 decoder;
-        group_of_symbol(argc > 1 ? argv[1] : "", decoder);
+        const space_group_3 group = space_group_of(argc > 1 ? argv[1] : "");
         stream_out& console = console_stream();
-        write_special_positions(decoder, console);
+        write_special_positions(group.ops, console);
         partition_3 partition;
-        refine_partition_3(decoder.ops, partition, 0.0, 0.0, 0.0);
+        refine_partition_3(group.ops, partition, 0.0, 0.0, 0.0);
         for (const int_list_3& set : partition) {
             console << "\nTogether:";
-            for (const int i : set) write_xyz(console, decoder.ops[i]);
+            for (const int i : set) write_xyz(console, group.ops[i]);
         }
         console << '\n';
     } catch (except_3* failure) {

@@ -2,6 +2,7 @@
 
 #include "driver/sg_file_names_3.h"
 #include "foundation/string_3.h"
+#include "textin/data_text_3.h"
 #include "textin/sstring_in.h"
 #include "textout/stream_out.h"
 
@@ -27,3 +28,6 @@ struct sg_catalogue_entry_3 {
 /// Searches the catalogue file for the key of `names`; the first name that equals it wins. Fails
 /// with " Space group not found in lomar5.txt", or when the file is missing or malformed.
 sg_catalogue_entry_3 find_catalogue_entry(sg_file_names_3& names);
+
+/// The same for a name as it stands in the text of a catalogue.
+sg_catalogue_entry_3 find_catalogue_entry(const data_text_3& catalogue, const char* key);

@@ -103,10 +103,6 @@ const string_3& sg_file_names_3::run_command() {
 bool sg_file_names_3::sg_file_exists() { return is_valid() && file_exists(sg_path().data); }
 
 const string_3& catalogue_path() {
-    static const string_3 path = [] {
-        string_3 text(data_dir());
-        text.append("lomar5.txt");
-        return text;
-    }();
+    static const string_3 path = data_path("lomar5.txt");
     return path;
 }

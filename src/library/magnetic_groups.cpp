@@ -9,18 +9,13 @@
 #include "sgfile/sg_reader.h"
 #include "symmetry/centring_table.h"
 #include "textin/data_dir.h"
+#include "textin/data_text_3.h"
 #include "textin/file_in.h"
 #include "textout/console.h"
 
 namespace {
 
 constexpr char magnetic_file[] = "shubnikovgroups.txt";
-
-string_3 magnetic_path() {
-    string_3 path(data_dir());
-    path.append(magnetic_file);
-    return path;
-}
 
 // Passes lines that aren't blank; a comment is.
 void skip_lines(sstring_in& in, int n) {
@@ -75,6 +70,20 @@ int merge_signs(xyz_list_3& ops) {
     return n_pairs;
 }
 
+// What there is to do after the record was read from `path`.
+void complete_magnetic_group(xyz_list_3& ops, int n_before, const char* key, const char* path) {
+    if (ops.n == n_before) {
+        (error_builder_3() << "Cannot find magnetic space group" << key << "in file" << path)
+            .fail();
+    }
+    normalise_xyzs_3(ops);
+    sort_xyzs_3(ops);
+    const int n_pairs = merge_signs(ops);
+    if (n_pairs == ops.n) {
+        (error_builder_3() << "Intensity of magnetic space group" << key << " is zero\n").fail();
+    }
+}
+
 void generate_missing_sg(sg_file_names_3& names, const char* symbol) {
     console_stream() << "Generating xyz's for " << symbol << '\n';
     if (run_generation(names) == 0) fail_with("Error generating equivalent positions");
@@ -98,36 +107,30 @@ void load_group_xyzs_3(xyz_list_3& ops, string_3& path, const char* symbol) {
 }
 
 void load_magnetic_group_3(xyz_list_3& ops, const char* key, string_3& name) {
-    const string_3 path = magnetic_path();
+    const string_3 path = data_path(magnetic_file);
     const int n_before = ops.n;
     {
         file_in file(path, file_in::data_file);
         read_magnetic_record(file, key, ops, name);
     }
-    if (ops.n == n_before) {
-        (error_builder_3() << "Cannot find magnetic space group" << key << "in file" << path)
-            .fail();
-    }
-    normalise_xyzs_3(ops);
-    sort_xyzs_3(ops);
-    const int n_pairs = merge_signs(ops);
-    if (n_pairs == ops.n) {
-        (error_builder_3() << "Intensity of magnetic space group" << key << " is zero\n").fail();
-    }
+    complete_magnetic_group(ops, n_before, key, path.data);
+}
+
+void load_magnetic_group_3(const data_text_3& groups, xyz_list_3& ops, const char* key,
+                           string_3& name) {
+    const int n_before = ops.n;
+    sstring_in in(groups.text());
+    read_magnetic_record(in, key, ops, name);
+    complete_magnetic_group(ops, n_before, key, magnetic_file);
 }
 
 void add_centring_3(xyz_list_3& ops, char letter) {
-    const int place = text_index(lower_char(letter), lattice_letters_3);
-    if (place == not_found) (error_builder_3() << "Unknown lattice" << letter).fail();
-    xyz_list_3 all;
-    for (int row = centring_index_3(place, 0); row <= centring_index_3(place, 1); ++row) {
-        for (const xyz_op_3& op : ops) {
-            xyz_op_3& copy = all.add();
-            copy = op;
-            add_translation(copy, centring_vector_3(row));
-        }
-    }
+    const int place = lattice_place_3(letter);
+    xyz_list_3 all(ops);
     normalise_xyzs_3(all);
+    for (const triple_3& vector : centring_vectors_3(place)) {
+        for (int i = 0; i < ops.n; ++i) all.add(centring_copy_3(all[i], vector));
+    }
     ops.take(all);
 }
 

@@ -2,6 +2,7 @@
 
 #include "foundation/string_3.h"
 #include "symmetry/xyz_op_3.h"
+#include "textin/data_text_3.h"
 
 // Where a program gets operators from: a .sg file, or shubnikovgroups.txt for a magnetic group, in
 // which the tag of an operator is the sign of its time reversal.
@@ -24,6 +25,10 @@ void load_group_xyzs_3(xyz_list_3& ops, string_3& path, const char* symbol);
 ///     " Intensity of magnetic space group", key, " is zero\n"    for a grey group
 ///     " Error loading symmetry xyz's"       if an operator is malformed
 void load_magnetic_group_3(xyz_list_3& ops, const char* key, string_3& name);
+
+/// The same from the text of shubnikovgroups.txt, which stands for the path in messages.
+void load_magnetic_group_3(const data_text_3& groups, xyz_list_3& ops, const char* key,
+                           string_3& name);
 
 /// Replaces `ops` by its copies under the centring of a lattice, one of "pabcifr" or "PABCIFR",
 /// normalised; the first ones are the old list. Tags are kept. Fails with " Unknown lattice" and

@@ -46,19 +46,14 @@ magnetic_name_3 entry_of(const name_record& record) {
     return entry;
 }
 
-}  // namespace
-
-magnetic_name_3 find_magnetic_group_3(const char* name) {
+magnetic_name_3 find_in(sstring_in& in, const char* name, const char* path) {
     string_3 wanted(name);
     wanted.remove_chars(" ");
     wanted.replace_char('\'', '^');
-    string_3 path(data_dir());
-    path.append(names_file);
-    file_in file(path, file_in::data_file);
     name_record found = {};
     int rank = n_names;
-    for (file.skip_white(); file.at_end() == 0 && rank > 0; file.skip_white()) {
-        const name_record record = read_name_record(file);
+    for (in.skip_white(); in.at_end() == 0 && rank > 0; in.skip_white()) {
+        const name_record record = read_name_record(in);
         for (int i = 0; i < rank; ++i) {
             if (sstring_in::range_equal(record.names[i], wanted.data) == 0) continue;
             found = record;
@@ -67,4 +62,24 @@ magnetic_name_3 find_magnetic_group_3(const char* name) {
     }
     if (rank < n_names) return entry_of(found);
     (error_builder_3() << "Cannot find magnetic space group" << name << "in file" << path).fail();
+}
+
+}  // namespace
+
+magnetic_name_3 find_magnetic_group_3(const char* name) {
+    const string_3 path = data_path(names_file);
+    file_in file(path, file_in::data_file);
+    return find_in(file, name, path.data);
+}
+
+magnetic_name_3 find_magnetic_group_3(const data_text_3& names, const char* name) {
+    sstring_in in(names.text());
+    return find_in(in, name, names_file);
+}
+
+bool read_magnetic_name_3(sstring_in& in, magnetic_name_3& group) {
+    in.skip_white();
+    if (in.at_end() != 0) return false;
+    group = entry_of(read_name_record(in));
+    return true;
 }

@@ -1,6 +1,8 @@
 #pragma once
 
 #include "foundation/string_3.h"
+#include "textin/data_text_3.h"
+#include "textin/sstring_in.h"
 
 /// What magnetic_names.txt knows of a magnetic space group.
 struct magnetic_name_3 {
@@ -20,3 +22,15 @@ struct magnetic_name_3 {
 /// the path, with " Error in  magnetic_names.txt" when a record is incomplete, or when the file is
 /// missing.
 magnetic_name_3 find_magnetic_group_3(const char* name);
+
+/// The same from the text of magnetic_names.txt, which stands for the path in messages.
+magnetic_name_3 find_magnetic_group_3(const data_text_3& names, const char* name);
+
+/// Goes through the groups of magnetic_names.txt, for instance to list them:
+///
+///     sstring_in in(names.text());
+///     magnetic_name_3 group;
+///     while (read_magnetic_name_3(in, group)) ...
+///
+/// False at the end of the text. Fails with " Error in  magnetic_names.txt".
+bool read_magnetic_name_3(sstring_in& in, magnetic_name_3& group);

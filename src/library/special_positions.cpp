@@ -43,7 +43,7 @@ void write_point(stream_out& stream, const triple_3& step) {
 
 }  // namespace
 
-void write_special_positions(const sg_decoder_3& decoder, stream_out& stream) {
+void write_special_positions(const xyz_list_3& ops, stream_out& stream) {
     stream << "\nspecial_positions\n{\n";
     seen_points seen;
     list_0_3<triple_3> images;
@@ -51,13 +51,17 @@ void write_special_positions(const sg_decoder_3& decoder, stream_out& stream) {
     for (int i = 0; i < steps * steps * steps; ++i) {
         const triple_3 step = {{i / (steps * steps), i / steps % steps, i % steps}};
         if (seen.contains(step)) continue;
-        images.set_n(decoder.ops.n);
-        for (int k = 0; k < images.n; ++k) images[k] = image_of(decoder.ops[k], step);
+        images.set_n(ops.n);
+        for (int k = 0; k < images.n; ++k) images[k] = image_of(ops[k], step);
         sort_unique(images);
-        if (images.n == decoder.ops.n) continue;
+        if (images.n == ops.n) continue;
         ++n_written;
         for (const triple_3& image : images) seen.insert(image);
         write_point(stream, step);
     }
     stream << "} " << n_written;
+}
+
+void write_special_positions(const sg_decoder_3& decoder, stream_out& stream) {
+    write_special_positions(decoder.ops, stream);
 }

@@ -3,8 +3,11 @@
 #include "symmetry/sg_decoder_3.h"
 
 /// Writes a block `special_positions`: of the points on a grid of 12 steps along each cell edge
-/// those with fewer images than the decoder's list has operators, in fractions of the edges, and
+/// those with fewer images than the list has operators, in fractions of the edges, and
 /// their number behind the closing brace. Of the points of an orbit the first is written. Images
 /// that lie between the points of the grid count as images and are no points themselves. The list
 /// should be complete, its centring included.
+void write_special_positions(const xyz_list_3& ops, stream_out& stream);
+
+/// The same for the operators of a decoder.
 void write_special_positions(const sg_decoder_3& decoder, stream_out& stream);

@@ -43,11 +43,8 @@ bool has_centring(const xyz_list_3& sorted, int place) {
     found.new_n_zero(sorted.n);
     for (int i = 0; i < sorted.n; ++i) {
         if (found[i] != 0) continue;
-        for (int row = centring_index_3(place, 0) + 1; row <= centring_index_3(place, 1); ++row) {
-            xyz_op_3 partner = sorted[i];
-            add_translation(partner, centring_vector_3(row));
-            normalise(partner);
-            const int j = bsearch(sorted, partner);
+        for (const triple_3& vector : centring_vectors_3(place)) {
+            const int j = bsearch(sorted, centring_copy_3(sorted[i], vector));
             if (j == not_found) return false;
             found[j] = 1;
         }

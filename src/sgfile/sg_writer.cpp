@@ -1,6 +1,5 @@
 #include "sgfile/sg_writer.h"
 
-#include "foundation/sorted.h"
 #include "symmetry/centring_table.h"
 #include "symmetry/sg_decoder_3.h"
 
@@ -33,20 +32,11 @@ void sg_decoder_3::write_xyzs(stream_out& stream) {
     write_xyzs_head(stream, ops);
     const int uncentred = ops.n;
     const int place = text_index(computer_symbol.data[0], lattice_letters_3);
-    const int null_row = centring_index_3(place, 0);
-    for (int row = null_row + 1; row <= centring_index_3(place, 1); ++row) {
-        // Copies made by one vector differ from each other, so that the list before will do.
-        xyz_list_3 known(ops);
-        sort_xyzs_3(known);
-        write_centring_head(stream, centring_vector_3(row));
-        for (int i = 0; i < uncentred; ++i) {
-            xyz_op_3 copy = ops[i];
-            add_translation(copy, centring_vector_3(row));
-            normalise(copy);
-            if (bsearch(known, copy) != not_found) continue;
-            write_xyz(stream, copy);
-            ops.add(copy);
-        }
+    for (const triple_3& vector : centring_vectors_3(place)) {
+        write_centring_head(stream, vector);
+        const int first = ops.n;
+        add_centring_copies(ops, uncentred, vector);
+        for (int i = first; i < ops.n; ++i) write_xyz(stream, ops[i]);
     }
     stream << "\n} " << ops.n;
     sort_xyzs_3(ops);

@@ -7,6 +7,8 @@
 
 namespace {
 
+constexpr char rotation_file[] = "sgrots3.txt";
+
 void skip_brace(sstring_in& in) {
     in.skip_white();
     in.get();
@@ -33,23 +35,31 @@ int first_repeated(const group_record_3& keys) {
 }  // namespace
 
 rotation_catalogue_3::rotation_catalogue_3(const char* path) {
-    load(path);
+    {
+        file_in file(path, file_in::data_file);
+        load(file);
+    }
     sort_by_key(path);
 }
 
-void rotation_catalogue_3::load(const char* path) {
-    file_in file(path, file_in::data_file);
-    while (file.find_tag("rotation_matrix", 0)) {
-        const char_range_3 key = file.token();
+rotation_catalogue_3::rotation_catalogue_3(const data_text_3& text) {
+    sstring_in in(text.text());
+    load(in);
+    sort_by_key(rotation_file);
+}
+
+void rotation_catalogue_3::load(sstring_in& in) {
+    while (in.find_tag("rotation_matrix", 0)) {
+        const char_range_3 key = in.token();
         string_3& text = keys.add();
         text.assign_range(key.begin, key.length());
         text.to_lower();
-        skip_brace(file);
+        skip_brace(in);
         xyz_op_3& matrix = matrices.add();
         for (int i = 0; i < 3; ++i) {
-            for (int j = 0; j < 3; ++j) matrix.rot(i, j) = file.read_int();
+            for (int j = 0; j < 3; ++j) matrix.rot(i, j) = in.read_int();
         }
-        skip_brace(file);
+        skip_brace(in);
     }
 }
 
@@ -73,11 +83,7 @@ const xyz_op_3& rotation_catalogue_3::find_rotation(const char* key) const {
 }
 
 const rotation_catalogue_3& rotation_catalogue() {
-    static const rotation_catalogue_3 table = [] {
-        string_3 path(data_dir());
-        path.append("sgrots3.txt");
-        return rotation_catalogue_3(path.data);
-    }();
+    static const rotation_catalogue_3 table(data_path(rotation_file).data);
     return table;
 }
 

@@ -2,6 +2,8 @@
 
 #include "foundation/string_3.h"
 #include "symmetry/xyz_op_3.h"
+#include "textin/data_text_3.h"
+#include "textin/sstring_in.h"
 
 /// The rotation matrices by their two-character keys, such as `2a` or `3q`, from the data file
 /// sgrots3.txt.
@@ -9,6 +11,9 @@ class rotation_catalogue_3 {
 public:
     /// Reads the file. Fails when it is missing, or when a key stands in it twice.
     explicit rotation_catalogue_3(const char* path);
+
+    /// The same from the text of the file.
+    explicit rotation_catalogue_3(const data_text_3& text);
 
     /// The matrix of a key in lower case, with zero translation. Fails with
     /// " Invalid rotation matrix type".
@@ -19,7 +24,7 @@ public:
     xyz_list_3 matrices;
 
 private:
-    void load(const char* path);
+    void load(sstring_in& in);
     void sort_by_key(const char* path);
 };
 

@@ -58,17 +58,30 @@ int sg_decoder_3::count_generators() const {
     return rest / field_size + 1;
 }
 
-void sg_decoder_3::decode(const char* axes) {
+// What there is to find fault with before the rotations are needed.
+void sg_decoder_3::start(const char* axes) {
     read_axes(axes);
-    const int n = count_generators();
-    generator_lists.new_n(n);
-    for (int i = 0; i < n; ++i) {
+    generator_lists.new_n(count_generators());
+}
+
+void sg_decoder_3::finish(const rotation_catalogue_3& rotations) {
+    for (int i = 0; i < generator_lists.n; ++i) {
         const char* const field = computer_symbol.data + head_size + field_size * i;
         triple_3 translation;
         read_translation_digits(translation, field + rotation_size);
-        generator_powers(rotation_catalogue(), generator_lists[i], field, translation, axis_change);
+        generator_powers(rotations, generator_lists[i], field, translation, axis_change);
     }
     multiply_lists();
+}
+
+void sg_decoder_3::decode(const char* axes) {
+    start(axes);
+    finish(rotation_catalogue());
+}
+
+void sg_decoder_3::decode(const char* axes, const rotation_catalogue_3& rotations) {
+    start(axes);
+    finish(rotations);
 }
 
 void sg_decoder_3::multiply_lists() {

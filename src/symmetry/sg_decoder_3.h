@@ -3,6 +3,8 @@
 #include "foundation/string_3.h"
 #include "symmetry/xyz_op_3.h"
 
+class rotation_catalogue_3;
+
 /// Makes the operators of a group out of its computer-adapted symbol.
 ///
 /// The symbol, such as `cmci1a000p2b006`, has a head of three characters: the lattice letter, the
@@ -24,6 +26,9 @@ public:
     /// " Bad crystal_system" and the failures of generator_powers.
     void decode(const char* axes);
 
+    /// The same with the matrices of a catalogue in memory.
+    void decode(const char* axes, const rotation_catalogue_3& rotations);
+
     /// Writes the xyzs section of a .sg file with the centred operators, and adds those to the
     /// list, which is sorted afterwards. (sgfile/sg_writer.cpp)
     void write_xyzs(stream_out& stream);
@@ -39,6 +44,8 @@ public:
     list_0_3<triple_3> xyz_permutations;
 
 private:
+    void start(const char* axes);
+    void finish(const rotation_catalogue_3& rotations);
     void read_axes(const char* axes);
     int count_generators() const;
     void multiply_lists();

@@ -39,7 +39,8 @@ void file_in::load() {
     const int length = static_cast<int>(std::fread(contents.p, 1, wanted, file));
     file_io::close();
     contents.set_length(length);
-    prepare(length);
+    set_text(contents.text());
+    blank_for_reading(contents.p, length, load_flags);
 }
 
 namespace {
@@ -53,11 +54,10 @@ void blank_each(char c, char* begin, char* end) {
 
 }  // namespace
 
-void file_in::prepare(int length) {
-    blank_each(0, contents.p, contents.p + length);
-    if ((load_flags & keep_cr) == 0) blank_each('\r', contents.p, contents.p + length);
-    set_text(contents.text());
-    if ((load_flags & drop_comments) != 0) blank_comments(contents.p);
+void blank_for_reading(char* text, int length, int load_flags) {
+    blank_each(0, text, text + length);
+    if ((load_flags & file_in::keep_cr) == 0) blank_each('\r', text, text + length);
+    if ((load_flags & file_in::drop_comments) != 0) blank_comments(text);
 }
 
 namespace {

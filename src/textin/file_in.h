@@ -37,11 +37,14 @@ public:
 
 private:
     void load();
-    void prepare(int length);
 
     int load_flags;
     string_out contents;
 };
+
+/// Does in place what loading with these flags does to a text that ends with a NUL after `length`
+/// characters, NULs among them: see file_in.
+void blank_for_reading(char* text, int length, int load_flags);
 
 /// Turns the comments of a NUL-terminated text into blanks, in place; see file_in.
 void blank_comments(char* text);

@@ -1,0 +1,13 @@
+#include "textin/data_text_3.h"
+
+#include "textin/file_in.h"
+
+data_text_3::data_text_3(const char* begin, int length) : contents(length + 1) {
+    contents << char_range_3{begin, begin + length};
+    blank_for_reading(contents.p, length, file_in::data_file);
+}
+
+data_text_3::data_text_3(const char* path) {
+    const file_in file(path, file_in::data_file);
+    contents << file.current();
+}
