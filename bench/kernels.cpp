@@ -5,9 +5,9 @@
 #include <cmath>
 
 #include "library/groups/space_group_3.h"
-#include "library/phase_kernels.h"
-#include "library/structure_factors.h"
-#include "library/sum_into_mag_3.h"
+#include "library/magnetic/sum_into_mag_3.h"
+#include "library/scattering/phase_kernels.h"
+#include "library/scattering/structure_factors_3.h"
 #include "textin/data_dir.h"
 
 namespace {

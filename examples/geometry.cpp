@@ -2,7 +2,7 @@
 
 #include <cstdio>
 
-#include "library/vector_geometry.h"
+#include "library/numeric/vector_geometry.h"
 
 int main() {
     const double a[3] = {1.0, 1.0, 0.0};

@@ -5,8 +5,8 @@
 #include <cstdlib>
 
 #include "foundation/except_3.h"
+#include "library/groups/hkl_generator_3_variants.h"
 #include "library/groups/space_group_3.h"
-#include "library/reflection_variants.h"
 #include "reflections/similar_hkls.h"
 
 int main(int argc, char** argv) {

@@ -1,13 +1,13 @@
 // special_positions SYMBOL: the special positions of a group on a grid of twelfths; then the sets
 // of operators that send the first of them, the origin, to the same place.
 
-#include "library/special_positions.h"
+#include "library/groups/special_positions.h"
 
 #include <cstdio>
 
 #include "foundation/except_3.h"
+#include "library/groups/hkl_generator_3_variants.h"
 #include "library/groups/space_group_3.h"
-#include "library/reflection_variants.h"
 #include "textout/console.h"
 
 int main(int argc, char** argv) {

@@ -4,7 +4,7 @@
 
 #include "foundation/except_3.h"
 #include "foundation/triple_3.h"
-#include "library/magnetic_structure_factors.h"
+#include "library/magnetic/magnetic_structure_factors_3.h"
 #include "textin/file_in.h"
 
 /// The lengths of a cell's edges and the cosines of its angles (bc, ac, ab).

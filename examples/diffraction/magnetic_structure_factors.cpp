@@ -8,9 +8,9 @@
 #include <cstdio>
 
 #include "crystal.h"
-#include "driver/sg_file_names_3.h"
-#include "library/magnetic_groups.h"
-#include "library/magnetic_names.h"
+#include "driver/request/sg_file_names_3.h"
+#include "library/magnetic/magnetic_groups.h"
+#include "library/magnetic/magnetic_names.h"
 
 // All operators of a magnetic group, with their signs.
 static xyz_list_3 operators_of(const magnetic_name_3& group) {

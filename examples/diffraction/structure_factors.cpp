@@ -6,8 +6,8 @@
 #include <cstdio>
 
 #include "crystal.h"
-#include "driver/sg_file_names_3.h"
-#include "library/magnetic_groups.h"
+#include "driver/request/sg_file_names_3.h"
+#include "library/magnetic/magnetic_groups.h"
 
 static void print_factors(const char* symbol, const char* atoms_path) {
     xyz_list_3 ops;

@@ -5,7 +5,7 @@
 #include <tuple>
 
 #include "catalogue/sg_catalogue_entry_3.h"
-#include "driver/sg_file_names_3.h"
+#include "driver/request/sg_file_names_3.h"
 #include "foundation/except_3.h"
 #include "symmetry/centring_table.h"
 #include "symmetry/sg_decoder_3.h"

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "driver/sg_file_names_3.h"
+#include "driver/request/sg_file_names_3.h"
 #include "foundation/string_3.h"
 #include "textin/data_text_3.h"
 #include "textin/sstring_in.h"

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "driver/arg_store_3.h"
-#include "driver/sg_file_names_3.h"
+#include "driver/request/arg_store_3.h"
+#include "driver/request/sg_file_names_3.h"
 #include "symmetry/sg_decoder_3.h"
 
 /// One run of the tool.

@@ -19,7 +19,7 @@ public:
     /// limit in GiB, or with a minus the GiB that others shall have of the physical memory; if it
     /// is 0, the second is the limit as a fraction of the physical memory. A second call changes
     /// nothing. From then on this object counts all requests, and must not end before the heap.
-    /// Fails as any file that can't be opened. (library/max_mem_file.cpp)
+    /// Fails as any file that can't be opened. (library/numeric/mem_limits_3_file.cpp)
     void read_max_mem();
 
     /// Counts a request. If it completes the next GiB and the process uses more than the limit, a

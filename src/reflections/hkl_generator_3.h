@@ -24,7 +24,7 @@ public:
                   row_list_3& rows);
 
     // The same without a file: the class lists are arguments, and have no Friedel mates. A class
-    // without a list has no reflections. (library/reflection_variants.cpp)
+    // without a list has no reflections. (library/groups/hkl_generator_3_variants.cpp)
 
     /// As generate; with `tests` 0 absent reflections are listed, too.
     void generate_all(const class_lists_3& class_lists, const xyz_list_3& ops,

@@ -45,8 +45,8 @@ public:
     void add_position_terms(double& b, double& a, const phase_list_3& phases, int h, int k, int l,
                             const sum_list_3& sums) const;
 
-    // Kernels for whole lists of reflections (library/kernel_selection.cpp). The road to them:
-    // start_sums, record_sums for each reflection, select_kernels.
+    // Kernels for whole lists of reflections (library/scattering/sg_phase_sum_3_kernels.cpp). The
+    // road to them: start_sums, record_sums for each reflection, select_kernels.
 
     /// Begins a new list of `n` reflections. The one before is lost.
     void start_sums(int n);
@@ -58,7 +58,8 @@ public:
     /// reflections have equal sums, sum_index shrinks to one place.
     void select_kernels(int n);
 
-    // For operators with a tag of 1 or -1, or 2 for both (library/group_moments.cpp).
+    // For operators with a tag of 1 or -1, or 2 for both
+    // (library/magnetic/sg_phase_sum_3_magnetic.cpp).
 
     /// As set_up, but one rotation with two tags makes two groups.
     void set_up_magnetic(const xyz_list_3& ops);

@@ -4,7 +4,7 @@
 #include <string>
 #include <vector>
 
-#include "library/child_process.h"
+#include "library/groups/child_process.h"
 
 /// While it lives, command lines aren't run: it notes them and does what a test wants done instead.
 template <typename Action>

@@ -1,8 +1,8 @@
 #include "group/space_group.h"
 
 #include <fstream>
-#include <map>
 #include <gtest/gtest.h>
+#include <map>
 #include <set>
 #include <sstream>
 

@@ -1,8 +1,8 @@
 #include <gtest/gtest.h>
 
 #include "library/groups/space_group_3.h"
-#include "library/magnetic_groups.h"
-#include "library/magnetic_names.h"
+#include "library/magnetic/magnetic_groups.h"
+#include "library/magnetic/magnetic_names.h"
 #include "support/expect_failure.h"
 #include "support/operators.h"
 #include "support/scratch_dir.h"

@@ -1,0 +1,114 @@
+#include "library/groups/child_process.h"
+
+#include <cstdlib>
+
+#include "driver/request/sg_file_names_3.h"
+#include "foundation/except_3.h"
+#include "foundation/platform.h"
+#include "textin/data_dir.h"
+#include "textin/file_io.h"
+#include "textin/sstring_in.h"
+#include "textout/console.h"
+
+namespace {
+
+command_runner_3* command_runner = nullptr;
+
+string_list_3& directory_stack() {
+    static string_list_3 stack;
+    return stack;
+}
+
+void run_line(const char* line) {
+    constexpr int runner_flags = 3;
+    if (command_runner != nullptr) {
+        command_runner->run(line, runner_flags);
+    } else if (std::system(line) == -1) {
+        return;  // the missing result of the child tells
+    }
+}
+
+}  // namespace
+
+const string_out& error_file_path() {
+    static const string_out path = [] {
+        string_out text;
+        text << data_dir() << "err.txt";
+        return text;
+    }();
+    return path;
+}
+
+args_err_3::args_err_3() { remove_file(error_file_path().text()); }
+
+args_err_3::~args_err_3() { remove_file(error_file_path().text()); }
+
+void args_err_3::add_error_option() {
+    static_cast<string_out&>(*this) << " -e \"" << error_file_path().text() << '"';
+}
+
+int args_err_3::run() {
+    run_command_line(text());
+    return remove_file(error_file_path().text()) == 0;
+}
+
+int run_generation(sg_file_names_3& names) {
+    constexpr char_set_3 symbol_characters("abcdefghijklmnopqrstuvwxyz0123456789/:-");
+    for (const char* c = names.lower_symbol().data; *c != 0; ++c) {
+        if (!symbol_characters.contains(*c)) return 0;
+    }
+    args_err_3 command;
+    static_cast<string_out&>(command) << names.run_command();
+    command.add_error_option();
+    return command.run();
+}
+
+void set_command_runner(command_runner_3* runner) { command_runner = runner; }
+
+void run_command_line(const char* command) {
+    if (*command != '"') return run_line(command);
+    sstring_in in(command);
+    string_3 path;
+    in.read_word(path);
+    string_3 directory;
+    dir_part(path.data, directory);
+    const int start = dir_start(path.data);
+    const char* const program = path.data + (start == not_found ? 0 : start);
+    push_dir();
+    set_current_dir(directory.data);
+    string_out line;
+    if (platform_file_size(program) >= 0) line << platform_program_prefix;
+    line << program;
+    line.separate();
+    line << in.current();
+    run_line(line.text());
+    pop_dir();
+}
+
+int run_process(const char* command, int flags) {
+    const bool wait = (flags & wait_for_process) != 0;
+    return platform_start(command, wait, (flags & process_without_window) != 0) ? 0 : 1;
+}
+
+void push_dir() {
+    string_3 directory;
+    current_dir(directory);
+    directory_stack().add(directory);
+}
+
+void pop_dir() {
+    string_list_3& stack = directory_stack();
+    if (stack.n == 0) return;
+    set_current_dir(stack[stack.last()].data);
+    --stack.n;
+}
+
+void set_current_dir(const char* path) {
+    if (!platform_set_current_dir(path)) return;
+}
+
+void sg_file_names_3::generate_in_child() {
+    if (sg_file_exists()) return;
+    console_stream() << "Generating " << sg_path() << '\n';
+    if (!run_generation(*this)) (error_builder_3() << "Error running" << run_command()).fail();
+}

@@ -1,0 +1,159 @@
+#include "library/magnetic/magnetic_groups.h"
+
+#include <cstdint>
+
+#include "driver/request/sg_file_names_3.h"
+#include "foundation/except_3.h"
+#include "foundation/sorted.h"
+#include "library/groups/child_process.h"
+#include "sgfile/sg_reader.h"
+#include "symmetry/centring_table.h"
+#include "textin/data_dir.h"
+#include "textin/data_text_3.h"
+#include "textin/file_in.h"
+#include "textout/console.h"
+
+namespace {
+
+constexpr char magnetic_file[] = "shubnikovgroups.txt";
+
+// Passes lines that aren't blank; a comment is.
+void skip_lines(sstring_in& in, int n) {
+    for (; n > 0 && in.at_end() == 0; --n) {
+        in.skip_white();
+        in.skip_line();
+    }
+}
+
+// Reads the operators of one record, if the file has it.
+void read_magnetic_record(sstring_in& in, const char* key, xyz_list_3& ops, string_3& name) {
+    for (in.skip_white(); in.at_end() == 0; in.skip_white()) {
+        const bool found = sstring_in::range_equal(in.token(), key) != 0;
+        const char_range_3 second = in.token();
+        in.skip_line();
+        const int n = in.read_int();
+        in.skip_line();
+        if (!found) {
+            skip_lines(in, n);
+            continue;
+        }
+        name = sstring_in::range_text(second).text();
+        for (int i = 0; i < n; ++i) {
+            xyz_op_3 op;
+            in.skip_white();
+            load_xyz_op_3(in, op);
+            ops.add(op);
+        }
+        return;
+    }
+}
+
+bool is_opposite(int a, int b) { return (a == 1 && b == -1) || (a == -1 && b == 1); }
+
+// Joins operators that stand in the sorted list with both signs; gives the number of pairs.
+int merge_signs(xyz_list_3& ops) {
+    int_list_3 merged;
+    merged.new_n_zero(ops.n);
+    int n_pairs = 0;
+    for (int i = 0; i + 1 < ops.n; ++i) {
+        const int j = i + 1;
+        if (!same_as(ops[i], ops[j])) continue;
+        if (!is_opposite(ops[i].tag, ops[j].tag)) {
+            (error_builder_3() << "Error in " << magnetic_file).fail();
+        }
+        ops[i].tag = both_signs_3;
+        merged[j] = 1;
+        ++n_pairs;
+        i = j;
+    }
+    ops.remove_flagged(merged);
+    return n_pairs;
+}
+
+// What there is to do after the record was read from `path`.
+void complete_magnetic_group(xyz_list_3& ops, int n_before, const char* key, const char* path) {
+    if (ops.n == n_before) {
+        (error_builder_3() << "Cannot find magnetic space group" << key << "in file" << path)
+            .fail();
+    }
+    normalise_xyzs_3(ops);
+    sort_xyzs_3(ops);
+    const int n_pairs = merge_signs(ops);
+    if (n_pairs == ops.n) {
+        (error_builder_3() << "Intensity of magnetic space group" << key << " is zero\n").fail();
+    }
+}
+
+void generate_missing_sg(sg_file_names_3& names, const char* symbol) {
+    console_stream() << "Generating xyz's for " << symbol << '\n';
+    if (run_generation(names) == 0) fail_with("Error generating equivalent positions");
+}
+
+}  // namespace
+
+void load_group_xyzs_3(xyz_list_3& ops, string_3& path, const char* symbol) {
+    constexpr int tries = 2;
+    sg_file_names_3 names;
+    names.set_symbol(symbol);
+    ops.clear();
+    path = names.sg_path();
+    for (int i = 0; i < tries; ++i) {
+        if (names.sg_file_exists()) {
+            console_stream() << "Loading xyz's for " << symbol << " from file " << path << '\n';
+            return load_sg_file_xyzs_3(path.data, ops);
+        }
+        generate_missing_sg(names, symbol);
+    }
+}
+
+void load_magnetic_group_3(xyz_list_3& ops, const char* key, string_3& name) {
+    const string_3 path = data_path(magnetic_file);
+    const int n_before = ops.n;
+    {
+        file_in file(path, file_in::data_file);
+        read_magnetic_record(file, key, ops, name);
+    }
+    complete_magnetic_group(ops, n_before, key, path.data);
+}
+
+void load_magnetic_group_3(const data_text_3& groups, xyz_list_3& ops, const char* key,
+                           string_3& name) {
+    const int n_before = ops.n;
+    sstring_in in(groups.text());
+    read_magnetic_record(in, key, ops, name);
+    complete_magnetic_group(ops, n_before, key, magnetic_file);
+}
+
+void add_centring_3(xyz_list_3& ops, char letter) {
+    const int place = lattice_place_3(letter);
+    xyz_list_3 all(ops);
+    normalise_xyzs_3(all);
+    for (const triple_3& vector : centring_vectors_3(place)) {
+        for (int i = 0; i < ops.n; ++i) all.add(centring_copy_3(all[i], vector));
+    }
+    ops.take(all);
+}
+
+void write_moment_op(stream_out& stream, const xyz_op_3& op, char wrap, const char* prefix,
+                     bool spaced) {
+    const std::int64_t sign = std::int64_t{round_nearest(determinant(op))} * op.tag;
+    if (prefix != nullptr) stream << prefix;
+    if (wrap != ' ') stream << wrap;
+    for (int i = 0; i < 3; ++i) {
+        bool first = true;
+        for (int c = 0; c < 3; ++c) {
+            const std::int64_t coefficient = op.rot(i, c) * sign;
+            if (coefficient == 0) continue;
+            if (coefficient == -1) {
+                stream << '-';
+            } else if (!first) {
+                stream << '+';
+            }
+            stream << 'm' << "xyz"[c];
+            first = false;
+        }
+        if (i < 2) stream << ',';
+        if (spaced) stream << ' ';
+    }
+    if (wrap != ' ') stream << wrap;
+}
