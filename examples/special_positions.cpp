@@ -6,7 +6,6 @@
 #include <cstdio>
 
 #include "foundation/except_3.h"
-#include "library/groups/hkl_generator_3_variants.h"
 #include "library/groups/space_group_3.h"
 #include "textout/console.h"
 

@@ -6,6 +6,8 @@
   and scattering.
 - An include in quotes is the path from src/ of a header that is there.
 - Headers of an operating system, and conditions on one, stand in the platform files alone.
+- A source defines members of classes that it or its own header declares, and of the class that its
+  name begins with.
 - Every header begins with #pragma once, and headers don't include each other in a circle.
 
 Prints one line for each fault and ends with status 1 if there is any.
@@ -25,6 +27,10 @@ PLATFORM_FILES = {"foundation/platform_posix.cpp", "foundation/platform_windows.
 
 INCLUDE = re.compile(r'\s*#\s*include\s*([<"])([^>"]*)[>"]')
 CONDITION = re.compile(r"\s*#\s*(?:if|ifdef|ifndef|elif)\b(.*)")
+CLASS = re.compile(r"\b(?:class|struct)\s+(\w+)[^;()]*?\{")
+# A definition begins at the left edge, what it looks like within a function doesn't.
+MEMBER = re.compile(r"^(?:\S[^\n();]*?[ &*])?(\w+)(?:<[^<>\n]*>)?::(?:~\w+|operator\W+|\w+)\(",
+                    re.MULTILINE)
 SYSTEM_MACRO = re.compile(
     r"\b(_WIN32|_WIN64|WIN32|_MSC_VER|__MINGW\w*|__CYGWIN__|__linux\w*|__unix\w*|unix|linux|"
     r"__APPLE__|__ANDROID__|\w*BSD\w*|_POSIX\w*)\b")
@@ -43,11 +49,16 @@ def may_include(user, used):
     return user == used or (user, used) in SIDEWAYS or LEVELS[used] < LEVELS[user]
 
 
-def directives(file):
-    """The numbers and texts of the lines of a file that are outside block comments."""
+def strip_comments(file):
+    """The text of a file without its comments; lines keep their numbers."""
     text = file.read_text(encoding="utf-8", errors="replace")
     text = re.sub(r"/\*.*?\*/", lambda m: "\n" * m.group().count("\n"), text, flags=re.DOTALL)
-    return enumerate(text.splitlines(), start=1)
+    return re.sub(r"//.*", "", text)
+
+
+def directives(file):
+    """The numbers and texts of the lines of a file that are outside comments."""
+    return enumerate(strip_comments(file).splitlines(), start=1)
 
 
 def check_source(src, path, headers, graph):
@@ -82,6 +93,22 @@ def check_source(src, path, headers, graph):
                 yield f"{place}: {layer} must not include {layer_of(used)} ({used})"
 
 
+def check_members(src, path):
+    """Yields a line for each member that this source shouldn't define."""
+    text = strip_comments(src / path)
+    header = (src / path).with_suffix(".h")
+    declared = set(CLASS.findall(text))
+    if header.exists():
+        declared |= set(CLASS.findall(strip_comments(header)))
+    stem = header.stem
+    for match in MEMBER.finditer(text):
+        name = match.group(1)
+        if name == "std" or name in declared or stem == name or stem.startswith(name + "_"):
+            continue
+        number = text.count("\n", 0, match.start(1)) + 1
+        yield f"src/{path}:{number}: member of {name} outside {name}*.cpp"
+
+
 def circle_from(path, graph, done, road):
     """The first circle of includes that is met from a header on, or None."""
     if path in road:
@@ -110,6 +137,8 @@ def main():
     graph = {}
     for path in paths:
         faults += check_source(src, path, headers, graph)
+        if path.endswith(".cpp"):
+            faults += check_members(src, path)
 
     done = set()
     for path in sorted(headers):

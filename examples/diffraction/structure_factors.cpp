@@ -7,7 +7,7 @@
 
 #include "crystal.h"
 #include "driver/request/sg_file_names_3.h"
-#include "library/magnetic/magnetic_groups.h"
+#include "library/groups/group_files.h"
 
 static void print_factors(const char* symbol, const char* atoms_path) {
     xyz_list_3 ops;

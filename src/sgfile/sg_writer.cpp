@@ -1,60 +1,13 @@
 #include "sgfile/sg_writer.h"
 
-#include "symmetry/centring_table.h"
-#include "symmetry/sg_decoder_3.h"
-
 void write_sg_banner(stream_out& stream) { stream << "' Space-group generator\n\n"; }
-
-namespace {
 
 void write_xyzs_head(stream_out& stream, const xyz_list_3& ops) {
     stream << "\nxyzs\n{";
     for (const xyz_op_3& op : ops) write_xyz(stream, op);
 }
 
-void write_centring_head(stream_out& stream, const triple_3& vector) {
-    stream << "\n\t' +(";
-    for (int i = 0; i < 3; ++i) {
-        if (i > 0) stream << ", ";
-        stream << fraction_text(vector[i], false);
-    }
-    stream << ") -------------------------";
-}
-
-}  // namespace
-
 void write_plain_xyzs(stream_out& stream, const xyz_list_3& ops) {
     write_xyzs_head(stream, ops);
     stream << "\n}";
-}
-
-void sg_decoder_3::write_xyzs(stream_out& stream) {
-    write_xyzs_head(stream, ops);
-    const int uncentred = ops.n;
-    const int place = text_index(computer_symbol.data[0], lattice_letters_3);
-    for (const triple_3& vector : centring_vectors_3(place)) {
-        write_centring_head(stream, vector);
-        const int first = ops.n;
-        add_centring_copies(ops, uncentred, vector);
-        for (int i = first; i < ops.n; ++i) write_xyz(stream, ops[i]);
-    }
-    stream << "\n} " << ops.n;
-    sort_xyzs_3(ops);
-}
-
-void sg_decoder_3::write_equivalence_of_xyz(stream_out& stream) {
-    constexpr triple_3 permutations[] = {{{0, 1, 2}}, {{0, 2, 1}}, {{1, 0, 2}},
-                                         {{1, 2, 0}}, {{2, 0, 1}}, {{2, 1, 0}}};
-    stream << "\nequivalence_of_xyz\n{\n";
-    sort_xyzs_3(ops);
-    xyz_list_3 copy;
-    for (const triple_3& p : permutations) {
-        copy = ops;
-        for (int i = 0; i < ops.n; ++i) permute_columns(copy[i], ops[i], p);
-        sort_xyzs_3(copy);
-        if (!equal_xyzs_3(ops, copy)) continue;
-        stream << '\t' << "xyz"[p[0]] << "xyz"[p[1]] << "xyz"[p[2]] << '\n';
-        xyz_permutations.add(p);
-    }
-    stream << '}';
 }

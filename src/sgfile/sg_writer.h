@@ -9,5 +9,8 @@
 /// What the file begins with: a comment about its origin.
 void write_sg_banner(stream_out& stream);
 
+/// The xyzs section up to the last of these operators; more may follow.
+void write_xyzs_head(stream_out& stream, const xyz_list_3& ops);
+
 /// The xyzs section of the operators as they stand, without centring and without a count.
 void write_plain_xyzs(stream_out& stream, const xyz_list_3& ops);

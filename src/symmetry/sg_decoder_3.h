@@ -30,11 +30,11 @@ public:
     void decode(const char* axes, const rotation_catalogue_3& rotations);
 
     /// Writes the xyzs section of a .sg file with the centred operators, and adds those to the
-    /// list, which is sorted afterwards. (sgfile/sg_writer.cpp)
+    /// list, which is sorted afterwards.
     void write_xyzs(stream_out& stream);
 
     /// Writes the equivalence_of_xyz section for a sorted list, and notes the permutations that
-    /// map the group onto itself. (sgfile/sg_writer.cpp)
+    /// map the group onto itself.
     void write_equivalence_of_xyz(stream_out& stream);
 
     string_3 computer_symbol;

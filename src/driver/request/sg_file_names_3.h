@@ -36,7 +36,7 @@ public:
     bool sg_file_exists();
 
     /// Generates the .sg file in a process of its own, unless it is there. Fails with
-    /// " Error running" and the command. (library/groups/child_process.cpp)
+    /// " Error running" and the command.
     void generate_in_child();
 
     const string_3& raw_symbol() const { return raw_symbol_; }

@@ -106,9 +106,3 @@ void pop_dir() {
 void set_current_dir(const char* path) {
     if (!platform_set_current_dir(path)) return;
 }
-
-void sg_file_names_3::generate_in_child() {
-    if (sg_file_exists()) return;
-    console_stream() << "Generating " << sg_path() << '\n';
-    if (!run_generation(*this)) (error_builder_3() << "Error running" << run_command()).fail();
-}

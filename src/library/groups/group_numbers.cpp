@@ -1,7 +1,6 @@
 #include "library/groups/group_numbers.h"
 
 #include "foundation/except_3.h"
-#include "library/groups/child_process.h"
 #include "textin/file_in.h"
 
 namespace {
@@ -83,17 +82,4 @@ int sg_number_of(const char* text) {
         if (sstring_in(table[i].data).find_tag(names.lower_symbol().data, 0)) return i;
     }
     return 0;
-}
-
-int load_space_group(sg_catalogue_entry_3& entry, const char* symbol) {
-    if (*symbol == 0) return space_group_empty;
-    sg_file_names_3 names;
-    names.set_symbol(symbol);
-    if (!names.is_valid()) return space_group_invalid;
-    if (!names.sg_file_exists() && !run_generation(names)) return space_group_not_generated;
-    file_in file(names.sg_path(), file_in::data_file);
-    sg_catalogue_entry_3 loaded;
-    loaded.read_record(file);
-    entry = loaded;
-    return space_group_loaded;
 }

@@ -16,13 +16,3 @@ void load_sg_names(vector_string_3& names);
 /// taken for a number and not looked up. Fails with " No Spacegroup" for a text of blanks and
 /// parentheses.
 int sg_number_of(const char* text);
-
-// Results of load_space_group.
-inline constexpr int space_group_loaded = 1;
-inline constexpr int space_group_empty = 2;          ///< the symbol is empty
-inline constexpr int space_group_invalid = 4;        ///< it can't name a group
-inline constexpr int space_group_not_generated = 8;  ///< there is no file, and no way to make it
-
-/// Fills `entry` from the .sg file of a symbol; a missing file is generated in a process of its
-/// own. Gives one of the results above. Fails as set_symbol does, and when the file can't be read.
-int load_space_group(sg_catalogue_entry_3& entry, const char* symbol);

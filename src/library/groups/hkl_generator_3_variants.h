@@ -17,12 +17,3 @@
 /// The grid of `second` is then read by is_marked. The two must be different objects.
 void mark_present(hkl_generator_3& first, hkl_generator_3& second, int mode, const char* sg_path,
                   const xyz_list_3& ops, const triple_3& limits);
-
-/// Sets of operators, by their indices in a list; each ascends.
-using partition_3 = list_0_3<int_list_3>;
-
-/// Divides the sets of a partition further, so that operators stay together only if they send the
-/// point (x, y, z), in fractions of the cell edges, to the same place but for lattice translations.
-/// An empty partition stands for one set of all operators.
-void refine_partition_3(const xyz_list_3& ops, partition_3& partition, double x, double y,
-                        double z);

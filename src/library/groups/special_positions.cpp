@@ -1,8 +1,7 @@
 #include "library/groups/special_positions.h"
 
+#include <cmath>
 #include <cstdint>
-
-#include "foundation/sorted.h"
 
 namespace {
 
@@ -64,4 +63,67 @@ void write_special_positions(const xyz_list_3& ops, stream_out& stream) {
 
 void write_special_positions(const sg_decoder_3& decoder, stream_out& stream) {
     write_special_positions(decoder.ops, stream);
+}
+
+namespace {
+
+// Where an operator sends a point, within the cell.
+struct point_image {
+    float v[3];
+};
+
+bool element_less(const point_image& a, const point_image& b) {
+    for (int i = 0; i < 2; ++i) {
+        if (a.v[i] != b.v[i]) return a.v[i] < b.v[i];
+    }
+    return a.v[2] < b.v[2];
+}
+
+double fraction_within_cell(double value) {
+    constexpr double zero = 1e-9;
+    const double r = std::fmod(value, 1.0);
+    const double size = std::abs(r);
+    if (size < zero || 1.0 - size < zero) return 0.0;
+    return r < -zero ? r + 1.0 : r;
+}
+
+point_image image_of_point(const xyz_op_3& op, double x, double y, double z) {
+    constexpr double translation_unit = 0.002777777777777778;
+    point_image image;
+    for (int i = 0; i < 3; ++i) {
+        const double value =
+            op.rot(i, 0) * x + op.rot(i, 1) * y + op.rot(i, 2) * z + op.trans(i) * translation_unit;
+        image.v[i] = static_cast<float>(fraction_within_cell(value));
+    }
+    return image;
+}
+
+// Appends the members of a set by the run that each belongs to, without empty sets.
+void divide_set(const int_list_3& set, const group_record_3& runs, partition_3& out) {
+    partition_3 parts;
+    parts.new_n(runs.unique.n);
+    for (const int op : set) {
+        if (op >= 0 && op < runs.group.n) parts[runs.group[op]].add(op);
+    }
+    for (int_list_3& part : parts) {
+        if (part.n != 0) out.add().take(part);
+    }
+}
+
+}  // namespace
+
+void refine_partition_3(const xyz_list_3& ops, partition_3& partition, double x, double y,
+                        double z) {
+    list_0_3<point_image> images;
+    for (const xyz_op_3& op : ops) images.add(image_of_point(op, x, y, z));
+    group_record_3 runs;
+    group(images, runs);
+    if (partition.n == 0) {
+        int_list_3 all;
+        for (int i = 0; i < ops.n; ++i) all.add(i);
+        partition.add(all);
+    }
+    partition_3 refined;
+    for (const int_list_3& set : partition) divide_set(set, runs, refined);
+    partition.take(refined);
 }

@@ -2,16 +2,13 @@
 
 #include <cstdint>
 
-#include "driver/request/sg_file_names_3.h"
 #include "foundation/except_3.h"
 #include "foundation/sorted.h"
-#include "library/groups/child_process.h"
 #include "sgfile/sg_reader.h"
 #include "symmetry/centring_table.h"
 #include "textin/data_dir.h"
 #include "textin/data_text_3.h"
 #include "textin/file_in.h"
-#include "textout/console.h"
 
 namespace {
 
@@ -84,27 +81,7 @@ void complete_magnetic_group(xyz_list_3& ops, int n_before, const char* key, con
     }
 }
 
-void generate_missing_sg(sg_file_names_3& names, const char* symbol) {
-    console_stream() << "Generating xyz's for " << symbol << '\n';
-    if (run_generation(names) == 0) fail_with("Error generating equivalent positions");
-}
-
 }  // namespace
-
-void load_group_xyzs_3(xyz_list_3& ops, string_3& path, const char* symbol) {
-    constexpr int tries = 2;
-    sg_file_names_3 names;
-    names.set_symbol(symbol);
-    ops.clear();
-    path = names.sg_path();
-    for (int i = 0; i < tries; ++i) {
-        if (names.sg_file_exists()) {
-            console_stream() << "Loading xyz's for " << symbol << " from file " << path << '\n';
-            return load_sg_file_xyzs_3(path.data, ops);
-        }
-        generate_missing_sg(names, symbol);
-    }
-}
 
 void load_magnetic_group_3(xyz_list_3& ops, const char* key, string_3& name) {
     const string_3 path = data_path(magnetic_file);

@@ -4,17 +4,10 @@
 #include "symmetry/xyz_op_3.h"
 #include "textin/data_text_3.h"
 
-// Where a program gets operators from: a .sg file, or shubnikovgroups.txt for a magnetic group, in
-// which the tag of an operator is the sign of its time reversal.
+// Magnetic groups, in which the tag of an operator is the sign of its time reversal.
 
 /// The tag of an operator that a list had with both signs of time reversal.
 inline constexpr int both_signs_3 = 2;
-
-/// Fills `ops` with the operators of the .sg file of a symbol, and `path` with that file's path.
-/// Generates a missing file in a child process, and says on the console what it does. Fails with
-/// " Error generating equivalent positions" when the child does. A child that neither fails nor
-/// makes the file, as for lack of a tool to start, gives no operators.
-void load_group_xyzs_3(xyz_list_3& ops, string_3& path, const char* symbol);
 
 /// Finds a magnetic group in shubnikovgroups.txt by its BNS number `key`, and adds its operators,
 /// without centring copies, to `ops`, all of which it normalises and sorts. `name` becomes the BNS

@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 #include <map>
 
+#include "library/groups/group_files.h"
 #include "support/command_stand_in.h"
 #include "support/expect_failure.h"
 #include "support/operators.h"

@@ -4,6 +4,7 @@
 
 #include "foundation/heap_3.h"
 #include "library/groups/hkl_generator_3_variants.h"
+#include "library/groups/special_positions.h"
 #include "library/groups/xyz_utilities.h"
 #include "support/expect_failure.h"
 #include "support/orbits.h"

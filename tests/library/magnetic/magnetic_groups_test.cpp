@@ -6,6 +6,7 @@
 #include <string>
 
 #include "foundation/platform.h"
+#include "library/groups/group_files.h"
 #include "library/magnetic/magnetic_names.h"
 #include "support/command_stand_in.h"
 #include "support/expect_failure.h"
