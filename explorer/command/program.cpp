@@ -1,0 +1,134 @@
+#include "command/program.h"
+
+#include <CLI/App.hpp>
+#include <CLI/Config.hpp>
+#include <CLI/Formatter.hpp>
+#include <algorithm>
+
+#include "command/arguments.h"
+#include "command/command.h"
+#include "command/message.h"
+#include "command/system.h"
+
+namespace lomar {
+
+namespace {
+
+std::string overview(const std::vector<std::unique_ptr<command>>& commands) {
+    std::string text =
+        "lomar answers what a person asks about a space group.\n\n"
+        "Usage: lomar COMMAND [ARGUMENTS]\n\n"
+        "Commands:\n";
+    for (const auto& each : commands) {
+        std::string line = "  ";
+        line += each->name();
+        line.resize(15, ' ');
+        text += line.append(each->summary()) + "\n";
+    }
+    return text +
+           "\nOptions of every command:\n"
+           "  -o FILE        write the answer to a file, whole or not at all\n"
+           "  --format F     the form of the answer\n"
+           "  -h, --help     what the command takes\n\n"
+           "lomar --version tells the version.\n";
+}
+
+void print(std::string_view text) {
+    output out("", "text");
+    out.write(text);
+    out.finish();
+}
+
+std::string names_of_formats(const command& which) {
+    std::string names;
+    for (const std::string_view name : which.formats())
+        names.append(names.empty() ? "" : ", ").append(name);
+    return names;
+}
+
+void check_format(const command& which, const std::string& asked) {
+    const auto formats = which.formats();
+    if (std::find(formats.begin(), formats.end(), asked) != formats.end()) return;
+    throw usage_error(std::string(which.name()) + " has no format '" + asked + "'; it has " +
+                      names_of_formats(which));
+}
+
+std::string too_many(const CLI::App& app) {
+    std::vector<std::string> extras = app.remaining();
+    std::erase(extras, "--");
+    return "'" + (extras.empty() ? "" : extras.front()) +
+           "' is one argument too many (a symbol with blanks belongs in quotes)";
+}
+
+// False when help was asked for.
+bool parse(CLI::App& app, const command& which, const std::vector<std::string>& arguments) {
+    std::string fault;
+    try {
+        std::vector<std::string> ordered = options_first(app, arguments);
+        std::reverse(ordered.begin(), ordered.end());  // as CLI11 wants them
+        app.parse(std::move(ordered));
+        return true;
+    } catch (const CLI::CallForHelp&) {
+        return false;
+    } catch (const CLI::ExtrasError&) {
+        fault = too_many(app);
+    } catch (const std::exception& error) {
+        fault = error.what();
+    }
+    const std::string name(which.name());
+    throw usage_error(name + ": " + fault + "; see lomar " + name + " --help");
+}
+
+void run_command(command& which, const std::vector<std::string>& arguments) {
+    CLI::App app(std::string(which.summary()), "lomar " + std::string(which.name()));
+    std::string path;
+    std::string format(which.formats().front());
+    which.declare(app);
+    app.set_help_flag("-h,--help", "Print this help and end");
+    app.add_option("-o,--output", path, "The file to write; else standard output")
+        ->type_name("FILE");
+    app.add_option("--format", format, "One of: " + names_of_formats(which))->type_name("F");
+    if (!parse(app, which, arguments)) return print(app.help());
+    if (path.empty() && app.count("-o") > 0) throw usage_error("-o lacks the name of a file");
+    check_format(which, format);
+    output out(path, format);
+    which.run(out);
+    out.finish();
+}
+
+void dispatch(std::vector<std::string> arguments) {
+    const auto commands = make_commands();
+    if (arguments.empty()) throw usage_error("no command; see lomar --help");
+    const std::string first = arguments[0];
+    if (first == "--help" || first == "-h") return print(overview(commands));
+    if (first == "--version") return print("lomar " LOMAR_VERSION "\n");
+    arguments.erase(arguments.begin());
+    for (const auto& each : commands) {
+        if (each->name() == first) return run_command(*each, arguments);
+    }
+    throw usage_error("no command '" + first + "'; see lomar --help");
+}
+
+int report(const char* message, int status) {
+    system::write(system::standard_error, "lomar: " + one_line(message) + "\n");
+    return status;
+}
+
+}  // namespace
+
+int run_program(std::vector<std::string> arguments) {
+    try {
+        dispatch(std::move(arguments));
+        return 0;
+    } catch (const closed_pipe&) {
+        return 0;
+    } catch (const usage_error& error) {
+        return report(error.what(), 2);
+    } catch (const std::bad_alloc&) {
+        return report("out of memory", 1);
+    } catch (const std::exception& error) {
+        return report(error.what(), 1);
+    }
+}
+
+}  // namespace lomar

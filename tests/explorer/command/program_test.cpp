@@ -1,0 +1,81 @@
+#include <algorithm>
+#include <gtest/gtest.h>
+
+#include "support/run_tool.h"
+
+namespace {
+
+struct usage_case {
+    std::vector<std::string> arguments;
+    int status;
+    std::string told;  // a part of the line on standard error; nothing is told when it is empty
+};
+
+class usage : public ::testing::TestWithParam<usage_case> {};
+
+TEST_P(usage, status_and_one_line) {
+    const scratch_dir scratch;
+    const tool_run run = run_tool(GetParam().arguments);
+    EXPECT_EQ(run.status, GetParam().status) << run.errors;
+    if (GetParam().status == 0) {
+        EXPECT_EQ(run.errors, "");
+        EXPECT_NE(run.console, "");
+        return;
+    }
+    EXPECT_EQ(run.console, "");
+    EXPECT_TRUE(run.errors.starts_with("lomar: ")) << run.errors;
+    EXPECT_NE(run.errors.find(GetParam().told), std::string::npos) << run.errors;
+    EXPECT_EQ(std::count(run.errors.begin(), run.errors.end(), '\n'), 1) << run.errors;
+    EXPECT_TRUE(std::filesystem::is_empty(scratch.path()));
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    command_line, usage,
+    ::testing::Values(
+        usage_case{{"--help"}, 0, ""}, usage_case{{"-h"}, 0, ""}, usage_case{{"--version"}, 0, ""},
+        usage_case{{"show", "--help"}, 0, ""}, usage_case{{"show", "P -1"}, 0, ""},
+        usage_case{{"show", "--", "P -1"}, 0, ""},
+        usage_case{{"show", "--format", "xyz", "P 1"}, 0, ""},
+        usage_case{{"show", "P 1", "--format=xyz"}, 0, ""}, usage_case{{}, 2, "no command"},
+        usage_case{{"shwo"}, 2, "'shwo'"}, usage_case{{"show"}, 2, "SYMBOL is required"},
+        usage_case{{"show", "P", "21/c"}, 2, "'21/c' is one argument too many"},
+        usage_case{{"show", "P 1", "--form", "xyz"}, 2, "no option '--form'"},
+        usage_case{{"show", "P 1", "-x"}, 2, "no option '-x'"},
+        usage_case{{"show", "P 1", "--format", "xml"}, 2, "no format 'xml'; it has text"},
+        usage_case{{"show", "P 1", "--format="}, 2, "no format ''"},
+        usage_case{{"show", "P 1", "--format"}, 2, "--format lacks a value"},
+        usage_case{{"show", "P 1", "--help=1"}, 2, "takes no value"},
+        usage_case{{"show", "P 1", "-o", "a", "-o", "b"}, 2, "--output"},
+        usage_case{{"show", "P 1", "-o", ""}, 2, "-o"},
+        usage_case{{"show", "P 1", "-o", "no_folder/file"}, 1, "'no_folder/file'"},
+        usage_case{{"show", "P 1", "-o", "."}, 1, "'.'"},
+        usage_case{{"show", "--", "-o"}, 1, "'-o'"}, usage_case{{"show", "-.5"}, 1, "'-.5'"},
+        usage_case{{"show", "-1/4"}, 1, "'-1/4'"}, usage_case{{"show", "-P no"}, 1, "'-P no'"},
+        usage_case{{"show", "-p no"}, 1, "'-p no'"}, usage_case{{"show", ""}, 1, "''"},
+        usage_case{{"show", "[1]"}, 1, "'[1]'"}, usage_case{{"show", "P\n1"}, 1, "P\\x0a1"},
+        usage_case{{"show", "\x1b[2J"}, 1, "\\x1b[2J"}));
+
+TEST(output_file, holds_the_answer_and_replaces_what_was_there) {
+    const scratch_dir scratch;
+    const std::string answer = run_tool({"show", "P -1"}).console;
+    write_file("file", std::string(100000, 'x'));
+    for (const std::string name : {"new", "file"}) {
+        const tool_run run = run_tool({"show", "P -1", "-o", name});
+        EXPECT_EQ(run.status, 0);
+        EXPECT_EQ(run.console, "");
+        EXPECT_EQ(read_file(name), answer);
+    }
+    std::filesystem::remove("new");
+    std::filesystem::remove("file");
+    EXPECT_TRUE(std::filesystem::is_empty(scratch.path()));
+}
+
+TEST(output_file, is_untouched_by_a_failure) {
+    const scratch_dir scratch;
+    write_file("file", "before");
+    EXPECT_EQ(run_tool({"show", "no such group", "-o", "file"}).status, 1);
+    EXPECT_EQ(run_tool({"show", "P 1", "-o", "file", "--format", "xml"}).status, 2);
+    EXPECT_EQ(read_file("file"), "before");
+}
+
+}  // namespace
