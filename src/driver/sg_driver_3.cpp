@@ -93,11 +93,12 @@ void sg_driver_3::generate_sg(sg_file_names_3& group, sg_decoder_3& operators) {
     move_identity_to_front(operators.ops);
     if (args.has("-only_asym")) {
         write_plain_xyzs(stream, operators.ops);
-        return;
+    } else {
+        operators.write_xyzs(stream);
+        add_similar_hkls_3(operators.ops, stream);
+        operators.write_equivalence_of_xyz(stream);
     }
-    operators.write_xyzs(stream);
-    add_similar_hkls_3(operators.ops, stream);
-    operators.write_equivalence_of_xyz(stream);
+    stream.finish();
 }
 
 void sg_driver_3::compare_groups(const char* symbol) {

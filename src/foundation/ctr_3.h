@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstddef>
+#include <cstdint>
 #include <cstring>
 #include <new>
 #include <type_traits>
@@ -23,12 +24,15 @@
 // elements are told apart by their type alone:
 //
 //     plain        no constructor: a new element starts with stray bytes
-//     constructed  a constructor, but nothing to destroy: run when an element comes into use
+//     constructed  a constructor, but nothing to destroy: run when the block is made, for all of
+//                  its elements; after that an element keeps its value, in use or not
 //     objects      with a destructor: built and destroyed with the capacity; when a list grows,
 //                  each hands over what it owns (its `take`), so that no inner block is copied
 
 /// The operations of a list, over the fields that B brings. Indices and counts are of type int; a
-/// list that would outgrow it, or memory, throws std::bad_alloc and stays as it was.
+/// list that would outgrow it, or memory, throws std::bad_alloc. It stays as it was then, but new_n
+/// and read_binary, which release the block first, leave it empty, and fill and copy_overlap keep
+/// what they have done so far.
 template <typename T, typename U, typename B>
 class ctr_3 : public B {
     static_assert(alignof(T) <= 8, "blocks are aligned to 8 bytes");
@@ -63,7 +67,7 @@ public:
     const T* end() const { return n_max == 0 ? nullptr : this->block() + n; }
 
     int first() const { return this->first_index(); }
-    int last() const { return this->first_index() + n - 1; }
+    int last() const { return this->first_index() + (n - 1); }
     int count() const { return n; }
 
     // Capacity and count
@@ -76,22 +80,20 @@ public:
     /// exactly `m`; one that is larger stays.
     void set_n(int m) {
         if (m > n_max) set_max_n(m, true);
-        construct(n, m);
         n = m;
     }
 
     /// As set_n, but when the list grows its old elements are lost.
     void set_n_discard(int m) {
         if (m > n_max) set_max_n(m, false);
-        construct(0, m);
         n = m;
     }
 
-    /// Starts anew with `m` elements and a first index of 0.
+    /// Starts anew with `m` elements and a first index of 0. The old block goes first: if memory
+    /// runs out, the list is empty.
     void new_n(int m) {
         clear();
         set_max_n(m, false);
-        construct(0, m);
         n = m < 1 ? 0 : m;
     }
 
@@ -107,9 +109,8 @@ public:
     template <typename Other>
     void set_like(const Other& other) {
         if (other.n == 0) return clear();
-        if constexpr (B::has_base) this->set_base(0);
         set_max_n(other.n, false);
-        construct(0, other.n);
+        if constexpr (B::has_base) this->set_base(0);
         n = other.n;
     }
 
@@ -131,23 +132,21 @@ public:
     void add_n(int k) {
         const int m = this->added(n, k);
         if (m > n_max) set_max_n(this->doubled(m), true);
-        construct(n, m);
         n = m;
     }
 
     /// Releases the block; count, capacity and first index become 0.
     void clear() {
-        release();
-        reset_record();
+        release_all();
+        if constexpr (B::has_base) this->base = 0;
     }
 
     // Adding and taking away
 
-    /// Makes room for one more element at the end and returns it. A plain element holds what the
-    /// block held, and an object that the list held before its old value.
+    /// Makes room for one more element at the end and returns it. It holds what the block held: an
+    /// element that was in use before has its old value.
     T& add() {
         if (n == n_max) set_max_n(this->grown(n), true);
-        construct(n, n + 1);
         ++n;
         return this->block()[n - 1];
     }
@@ -191,7 +190,7 @@ public:
     // Copying
 
     /// Becomes a copy of `other`, first index included. The block is reused exactly when the
-    /// counts are equal.
+    /// counts are equal. An empty `other` empties the list, which keeps its first index.
     void assign(const ctr_3& other);
 
     /// Overwrites element i with other[i] for each index i in both lists.
@@ -204,11 +203,12 @@ public:
         overlap(other, [](T& to, T& from) { move_element(to, from); });
     }
 
-    /// Takes over the block of `other`, which is left empty.
+    /// Takes over the block of `other`, which is left empty, with its first index.
     void take(ctr_3& other) noexcept {
         release();
         static_cast<B&>(*this) = other;
-        other.reset_record();
+        other.n_max = 0;
+        other.n = 0;
     }
 
     // Comparing
@@ -222,8 +222,8 @@ public:
     /// Where `value` stands for the first time, or not_found. Looks at one element after another.
     template <typename V>
     int find(const V& value) const {
-        for (int i = first(); i <= last(); ++i) {
-            if (element_equal(p[i], value)) return i;
+        for (int k = 0; k < n; ++k) {
+            if (element_equal(this->block()[k], value)) return first() + k;
         }
         return not_found;
     }
@@ -248,28 +248,12 @@ private:
         if (n > 0) std::memset(static_cast<void*>(this->block()), 0, byte_count(n));
     }
 
-    void reset_record() {
-        n_max = 0;
-        n = 0;
-        if constexpr (B::has_base) this->base = 0;
-    }
-
     static T* make_block(int m) {
         T* block = static_cast<T*>(alloc_block(byte_count(m)));
-        if constexpr (is_object_element<T>) {
-            for (int i = 0; i < m; ++i) ::new (static_cast<void*>(block + i)) T();
+        if constexpr (!is_plain_element<T>) {
+            for (int i = 0; i < m; ++i) ::new (static_cast<void*>(block + i)) T;
         }
         return block;
-    }
-
-    // Runs the constructor of elements that come into use. Those of objects ran with their block.
-    void construct(int from, int to) {
-        if constexpr (!is_plain_element<T> && !is_object_element<T>) {
-            T* const block = this->block();
-            for (int i = from; i < to; ++i) ::new (static_cast<void*>(block + i)) T();
-        }
-        static_cast<void>(from);
-        static_cast<void>(to);
     }
 
     static void free_elements(T* block, int m) {
@@ -284,12 +268,18 @@ private:
         if (n_max != 0) free_elements(this->block(), n_max);
     }
 
+    void release_all() {
+        release();
+        n_max = 0;
+        n = 0;
+    }
+
     template <typename Other, typename Step>
     void overlap(Other& other, Step step) {
         if (n == 0 || other.n == 0) return;
         const int from = first() > other.first() ? first() : other.first();
         const int to = last() < other.last() ? last() : other.last();
-        for (int i = from; i <= to; ++i) step(p[i], other.p[i]);
+        for (std::int64_t i = from; i <= to; ++i) step(p[i], other.p[i]);
     }
 };
 
@@ -333,29 +323,34 @@ void ctr_3<T, U, B>::remove_at(int i) {
 template <typename T, typename U, typename B>
 template <typename Flags>
 void ctr_3<T, U, B>::remove_flagged(const Flags& flags) {
-    int kept = first();
-    for (int i = first(); i <= last(); ++i) {
-        if (flags[i] != 0) continue;
-        if (kept != i) move_element(p[kept], p[i]);
+    T* const elements = begin();
+    int kept = 0;
+    for (int k = 0; k < n; ++k) {
+        if (flags[first() + k] != 0) continue;
+        if (kept != k) move_element(elements[kept], elements[k]);
         ++kept;
     }
-    set_n(kept - first());
+    set_n(kept);
 }
 
 template <typename T, typename U, typename B>
 void ctr_3<T, U, B>::assign(const ctr_3& other) {
     if (this == &other) return;
-    if (other.n == 0) return clear();
-    if (n == other.n) {
-        if constexpr (B::has_base) this->set_base(other.base);
-        this->copy(this->block(), other.block(), n);
-    } else {  // the old block goes only when the copy is complete
-        ctr_3 fresh;
-        if constexpr (B::has_base) fresh.set_base(other.base);
-        fresh.set_n(other.n);
-        fresh.copy(fresh.block(), other.block(), fresh.n);
-        take(fresh);
+    if (other.n == 0) return release_all();
+    if constexpr (!is_object_element<T>) {
+        if (n == other.n) {
+            if constexpr (B::has_base) this->set_base(other.base);
+            return this->copy(this->block(), other.block(), n);
+        }
     }
+    // What is here goes only when the copy is complete.
+    ctr_3 fresh;
+    if constexpr (B::has_base) fresh.set_base(other.base);
+    fresh.set_n(other.n);
+    fresh.copy(fresh.block(), other.block(), fresh.n);
+    if (n != other.n) return take(fresh);
+    if constexpr (B::has_base) this->set_base(other.base);
+    for (int k = 0; k < n; ++k) move_element(this->block()[k], fresh.block()[k]);
 }
 
 template <typename T, typename U, typename B>
@@ -398,7 +393,7 @@ public:
     /// The total of the elements with the indices i to j inclusive.
     S sum(int i, int j) const {
         S total = 0;
-        for (; i <= j; ++i) total += static_cast<S>(this->p[i]);
+        for (std::int64_t k = i; k <= j; ++k) total += static_cast<S>(this->p[k]);
         return total;
     }
 };

@@ -33,6 +33,10 @@ std::int64_t platform_file_size(const char* path);
 /// Removes a file. False if that fails.
 bool platform_remove_file(const char* path);
 
+/// Creates a file without contents, or empties the one that is there. Asks for no memory. False if
+/// that fails.
+bool platform_make_empty_file(const char* path);
+
 /// Puts standard output into binary mode, where that makes a difference.
 void platform_prepare_output();
 
@@ -41,6 +45,11 @@ bool platform_physical_memory(std::uint64_t& kilobytes);
 
 /// The bytes of memory that the process has in use now. False if they can't be had.
 bool platform_working_set(std::uint64_t& bytes);
+
+/// Runs a program and waits for its end. `arguments` begins with the program and ends with a null;
+/// no command interpreter looks at it. A bare name is searched for as the system does that. False
+/// if the program can't be started.
+bool platform_run_program(const char* const* arguments);
 
 /// Starts the system's command interpreter with a command, and waits for its end if `wait` is set.
 /// With `no_window` it gets no console window of its own, where there are such. False if it can't

@@ -2,6 +2,7 @@
 
 #include <cerrno>
 #include <cstdio>
+#include <fcntl.h>
 #include <spawn.h>
 #include <sys/stat.h>
 #include <sys/wait.h>
@@ -34,6 +35,11 @@ std::int64_t platform_file_size(const char* path) {
 
 bool platform_remove_file(const char* path) { return unlink(path) == 0; }
 
+bool platform_make_empty_file(const char* path) {
+    const int file = open(path, O_WRONLY | O_CREAT | O_TRUNC, 0666);
+    return file >= 0 && close(file) == 0;
+}
+
 void platform_prepare_output() {}
 
 bool platform_physical_memory(std::uint64_t& kilobytes) {
@@ -54,6 +60,19 @@ bool platform_working_set(std::uint64_t& bytes) {
     return fields == 1;
 }
 
+static void wait_for(pid_t child) {
+    while (waitpid(child, nullptr, 0) == -1 && errno == EINTR) {}
+}
+
+bool platform_run_program(const char* const* arguments) {
+    // The call doesn't write into the texts.
+    auto* const texts = const_cast<char* const*>(arguments);
+    pid_t child = 0;
+    if (posix_spawnp(&child, texts[0], nullptr, nullptr, texts, environ) != 0) return false;
+    wait_for(child);
+    return true;
+}
+
 // A command that isn't waited for is started by a shell that ends at once, so that the system
 // collects it and not this process.
 bool platform_start(const char* command, bool wait, bool) {
@@ -67,6 +86,6 @@ bool platform_start(const char* command, bool wait, bool) {
     char* const arguments[] = {shell.data, option.data, line.data, nullptr};
     pid_t child = 0;
     if (posix_spawn(&child, shell.data, nullptr, nullptr, arguments, environ) != 0) return false;
-    while (waitpid(child, nullptr, 0) == -1 && errno == EINTR) {}
+    wait_for(child);
     return true;
 }

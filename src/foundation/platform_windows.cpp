@@ -36,6 +36,12 @@ std::int64_t platform_file_size(const char* path) {
 
 bool platform_remove_file(const char* path) { return std::remove(path) == 0; }
 
+bool platform_make_empty_file(const char* path) {
+    const HANDLE file = CreateFileA(path, GENERIC_WRITE, FILE_SHARE_READ | FILE_SHARE_WRITE,
+                                    nullptr, CREATE_ALWAYS, FILE_ATTRIBUTE_NORMAL, nullptr);
+    return file != INVALID_HANDLE_VALUE && CloseHandle(file) != 0;
+}
+
 void platform_prepare_output() { _setmode(_fileno(stdout), _O_BINARY); }
 
 bool platform_physical_memory(std::uint64_t& kilobytes) {
@@ -52,12 +58,11 @@ bool platform_working_set(std::uint64_t& bytes) {
     return true;
 }
 
-bool platform_start(const char* command, bool wait, bool no_window) {
+// The call may write into the line.
+static bool start_line(string_3& line, bool wait, bool no_window) {
     STARTUPINFOA startup = {};
     startup.cb = sizeof startup;
     PROCESS_INFORMATION process = {};
-    string_3 line("cmd /C ");  // the call may write into the text
-    line.append(command);
     if (CreateProcessA(nullptr, line.data, nullptr, nullptr, FALSE,
                        no_window ? CREATE_NO_WINDOW : 0, nullptr, nullptr, &startup,
                        &process) == 0) {
@@ -67,4 +72,36 @@ bool platform_start(const char* command, bool wait, bool no_window) {
     CloseHandle(process.hProcess);
     CloseHandle(process.hThread);
     return true;
+}
+
+bool platform_start(const char* command, bool wait, bool no_window) {
+    string_3 line("cmd /C ");
+    line.append(command);
+    return start_line(line, wait, no_window);
+}
+
+// Appends an argument so that the started program finds it unchanged: in quotes, with a backslash
+// before a quote and one more for each backslash before that or before the end.
+static void append_quoted(string_3& line, const char* argument) {
+    line.append(line.is_empty() ? "\"" : " \"");
+    int backslashes = 0;
+    for (const char* c = argument;; ++c) {
+        const bool doubled = *c == 0 || *c == '"';
+        for (; doubled && backslashes > 0; --backslashes) line.append('\\');
+        if (*c == 0) break;
+        if (*c == '"') line.append('\\');
+        backslashes = *c == '\\' ? backslashes + 1 : 0;
+        line.append(*c);
+    }
+    line.append('"');
+}
+
+bool platform_run_program(const char* const* arguments) {
+    string_3 program(".\\");  // the call would look elsewhere before the current directory
+    program.append(*arguments);
+    program.append(".exe");
+    string_3 line;
+    append_quoted(line, platform_file_size(program.data) >= 0 ? program.data : *arguments);
+    while (*++arguments != nullptr) append_quoted(line, *arguments);
+    return start_line(line, true, false);
 }

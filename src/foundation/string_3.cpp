@@ -38,13 +38,6 @@ void string_3::assign_range(const char* source, int length) {
     data[length] = 0;
 }
 
-void string_3::borrow(char* text) {
-    release();
-    data = text;
-    capacity = 0;
-    owned = 0;
-}
-
 void string_3::take(string_3& other) noexcept {
     release();
     data = other.data;
@@ -101,13 +94,13 @@ void string_3::remove_first() {
 }
 
 void string_3::remove_chars(const char* set_text) {
-    if (is_empty()) return;
+    if (is_empty() || *set_text == 0) return;
     const char_set_3 set(set_text);
-    char* to = data;
-    for (const char* from = data; *from != 0; ++from) {
-        if (!set.contains(*from)) *to++ = *from;
+    string_out rest;
+    for (const char* c = data; *c != 0; ++c) {
+        if (!set.contains(*c)) rest << *c;
     }
-    *to = 0;
+    assign(rest.text(), rest.n);
 }
 
 namespace {
@@ -133,13 +126,17 @@ int replace_pass(const char* in, const char* what, const char* with, string_out&
 
 int string_3::replace_all(const char* what, const char* with) {
     if (*what == 0) return 0;
-    string_out out;
+    string_out texts[2];
+    const char* from = data;
     int total = 0;
-    while (int count = replace_pass(data, what, with, out)) {
-        assign(out.text(), out.n);
+    for (int pass = 0;; pass ^= 1) {
+        const int count = replace_pass(from, what, with, texts[pass]);
+        from = texts[pass].text();
         total += count;
+        if (count != 0) continue;
+        assign(from, texts[pass].n);
+        return total;
     }
-    return total;
 }
 
 void string_3::quote() {

@@ -6,8 +6,9 @@
 
 /// A short text that is kept: a name, a path, a key. The buffer comes from the pool and has no
 /// spare room; where it is left out, `data` points to the one NUL that all empty strings have in
-/// common, or, after borrow(), to a text that isn't this string's to free. The NUL alone tells
-/// where the text ends: whoever writes one into `data` shortens it.
+/// common, or to a text that isn't this string's to free and that must outlive it: whoever puts
+/// such a text into `data` of an empty string lends it, and operations in place change it. The NUL
+/// alone tells where the text ends: whoever writes one into `data` shortens it.
 class string_3 {
 public:
     string_3() noexcept : data(shared_empty()) {}
@@ -42,9 +43,6 @@ public:
     void assign(const char* source, int count);
     /// As assign, for `length` characters without a NUL behind them.
     void assign_range(const char* source, int length);
-    /// Points to a text that somebody else owns and that must outlive this; operations in place
-    /// change that text.
-    void borrow(char* text);
     /// Takes over the buffer of `other`, which is left empty.
     void take(string_3& other) noexcept;
 
@@ -66,7 +64,8 @@ public:
     void replace_char(char from, char to);
     /// Drops the first character, if there is one.
     void remove_first();
-    /// Drops all characters that `set_text` names.
+    /// Drops all characters that `set_text` names. This and replace_all leave a text alone that
+    /// somebody else owns.
     void remove_chars(const char* set_text);
     /// Puts `with` wherever the text has `what`, and again where that made a new `what`; gives how
     /// often. An empty `what` is never found. Hangs if `with` has `what` in it.

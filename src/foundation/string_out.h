@@ -41,7 +41,21 @@ public:
     /// What stands before last(); NUL if nothing does.
     char second_last() const { return n < 3 ? '\0' : p[n - 3]; }
 
+    // These would take away the NUL or the room for it.
+    void take(string_out&) = delete;
+    void new_n(int) = delete;
+    void new_n_zero(int) = delete;
+    void set_max_n(int, bool) = delete;
+    void set_n(int) = delete;
+    void set_n_discard(int) = delete;
+    void set_like(const string_out&) = delete;
+    void set_like_zero(const string_out&) = delete;
+    void add_n(int) = delete;
+
 private:
+    using list = vec_3<char, int, ctr_base_0_3<char, char, mem_copy_3<char, char>>>;
+
+    void set_room(int capacity, bool keep) { list::set_max_n(capacity, keep); }
     static int text_size(const char* text) { return static_cast<int>(std::strlen(text)); }
     string_out& append_text(const char* text, int length);
 };

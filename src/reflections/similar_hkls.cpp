@@ -3,7 +3,9 @@
 #include "foundation/except_3.h"
 #include "foundation/sorted.h"
 #include "sgfile/sg_reader.h"
+#include "textin/file_in.h"
 #include "textout/file_out.h"
+#include "textout/sstring_out.h"
 
 namespace {
 
@@ -219,13 +221,20 @@ void add_similar_hkls_3(const xyz_list_3& ops, stream_out& stream) {
 }
 
 void append_hhh_3(const char* sg_path) {
-    if (has_hkl_section_3(sg_path)) fail_with("hhh details already in *.sg file");
     xyz_list_3 ops;
-    load_sg_file_xyzs_3(sg_path, ops);
+    {
+        file_in file(sg_path, file_in::data_file);
+        if (file.find_tag("hkl", 0)) fail_with("hhh details already in *.sg file");
+        file.set_position(0);
+        load_xyzs_3(file, ops);
+    }
     normalise_xyzs_3(ops);
     sort_xyzs_3(ops);
+    sstring_out text;  // nothing can fail half way once the file is open
+    add_similar_hkls_3(ops, text);
     file_out stream(sg_path, 0);
     stream.set_mode("a+b");
     stream.file_io::open(open_or_throw);
-    add_similar_hkls_3(ops, stream);
+    stream << text.text();
+    stream.finish();
 }

@@ -37,7 +37,9 @@ void file_in::load() {
     contents.set_length(size + spare);
     const auto wanted = static_cast<std::size_t>(size);
     const int length = static_cast<int>(std::fread(contents.p, 1, wanted, file));
+    const bool failed = std::ferror(file) != 0;
     file_io::close();
+    if (failed) (error_builder_3() << "Cannot read file" << name).fail();
     contents.set_length(length);
     set_text(contents.text());
     blank_for_reading(contents.p, length, load_flags);

@@ -21,7 +21,8 @@ public:
     static constexpr int data_file = 7;  ///< what every data file is opened with
 
     /// Fails with " Cannot open file" and the path: if there is no such file, if it may not be
-    /// written to, which opening asks for, or if its text is too long for a stream.
+    /// written to, which opening asks for, or if its text is too long for a stream. Fails with
+    /// " Cannot read file" when the system can't give what it has.
     file_in(const char* path, int flags);
     file_in(const string_3& path, int flags) : file_in(path.data, flags) {}
 

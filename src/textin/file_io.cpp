@@ -1,7 +1,9 @@
 #include "textin/file_io.h"
 
 #include <algorithm>
+#include <cerrno>
 #include <cstdint>
+#include <new>
 
 #include "foundation/console_text.h"
 #include "foundation/except_3.h"
@@ -21,6 +23,7 @@ int file_io::open(int flags) {
     path << name;
     file = std::fopen(path.text(), mode.data);
     if (file != nullptr) return 1;
+    if (errno == ENOMEM) throw std::bad_alloc();
     if ((flags & throw_if_not_opened) != 0) {
         (error_builder_3() << "Cannot open file" << path.text()).fail();
     }
@@ -52,15 +55,24 @@ void file_io::set_name(const char* new_name) {
 }
 
 int file_exists(const char* name) {
+    int reason = 0;
     try {
         file_in file(name, 0);
-        return file.file_io::open(0);
+        if (file.file_io::open(0)) return 1;
+        reason = errno;
     } catch (except_3* failure) {
         delete failure;
         return 0;
+    } catch (const std::bad_alloc&) {
+        throw;
     } catch (...) {
         return 0;
     }
+    // For want of a handle nothing is known of the file.
+    if (reason == EMFILE || reason == ENFILE) {
+        (error_builder_3() << "Cannot open file" << name).fail();
+    }
+    return 0;
 }
 
 int remove_file(const char* name) {

@@ -33,7 +33,7 @@ public:
     virtual int open(const char* new_name, int flags);
     /// Opens the file of set_name in the mode of set_mode; 1 if that went well. If not, the flags
     /// decide: the message " Cannot open file" with the path is thrown, or is written on the
-    /// console, or the 0 is all.
+    /// console, or the 0 is all. Memory that runs out is std::bad_alloc, whatever the flags.
     virtual int open(int flags);
     /// The name, with the platform's separators once the file was opened.
     virtual const char* file_name() const { return name.data; }
@@ -53,10 +53,12 @@ protected:
     string_3 dir;
 };
 
-/// 1 if the file can be opened for reading and writing, else 0.
+/// 1 if the file can be opened for reading and writing, else 0. What isn't the file's fault is no
+/// answer: fails with " Cannot open file" when the process has too many files open, and with
+/// std::bad_alloc when memory runs out.
 int file_exists(const char* name);
 
-/// Removes the file if it exists; 1 if it did.
+/// Removes the file if it exists; 1 if it did. Fails as file_exists does.
 int remove_file(const char* name);
 
 /// The size of a file in bytes, 0 if it can't be had; sizes above 2^31 - 1 give 2^31 - 1.

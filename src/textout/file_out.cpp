@@ -2,7 +2,9 @@
 
 #include <algorithm>
 #include <cstring>
+#include <utility>
 
+#include "foundation/except_3.h"
 #include "textin/sstring_in.h"
 
 namespace {
@@ -27,16 +29,28 @@ void file_out::flush() {
     std::fflush(file);
 }
 
+void file_out::finish() {
+    write_all();
+    if (file != nullptr && std::fclose(file) != 0) incomplete = true;
+    file = nullptr;
+    if (!std::exchange(incomplete, false)) return;
+    (error_builder_3() << "Cannot write file" << name).fail();
+}
+
+void file_out::write_out(const char* text, int length) {
+    if (file == nullptr || length < 1) return;
+    const auto size = static_cast<std::size_t>(length);
+    if (std::fwrite(text, 1, size, file) != size) incomplete = true;
+}
+
 void file_out::write_all() {
-    if (file != nullptr && buffer.n > 0) {
-        std::fwrite(buffer.p, 1, static_cast<std::size_t>(buffer.n), file);
-    }
+    write_out(buffer.p, buffer.n);
     buffer.n = 0;
 }
 
 void file_out::write_part() {
     const int out = buffer.n - keep;
-    if (file != nullptr) std::fwrite(buffer.p, 1, static_cast<std::size_t>(out), file);
+    write_out(buffer.p, out);
     std::memmove(buffer.p, buffer.p + out, static_cast<std::size_t>(keep));
     buffer.n = keep;
 }
@@ -46,15 +60,15 @@ void file_out::write_part() {
 void file_out::append(const char* text, int length) {
     if (length > long_text && file != nullptr) {
         write_all();
-        std::fwrite(text, 1, static_cast<std::size_t>(length - keep), file);
+        write_out(text, length - keep);
         text += length - keep;
         length = keep;
     }
     while (length > 0) {
         const int part = std::max(1, std::min(length, high_mark + 1 - buffer.n));
-        if (buffer.n + part > buffer.n_max) {
-            buffer.set_max_n(std::max(buffer.grown(buffer.n), buffer.n + part), true);
-        }
+        int room = std::max(buffer.n_max, 1);
+        while (room < buffer.n + part) room = buffer.doubled(room);
+        if (room > buffer.n_max) buffer.set_max_n(room, true);
         std::memcpy(buffer.p + buffer.n, text, static_cast<std::size_t>(part));
         buffer.n += part;
         text += part;

@@ -26,8 +26,12 @@ public:
     explicit file_out(const string_3& path) : file_out(path.data) {}
     ~file_out() override { file_out::close(); }
 
-    /// Writes out what is held, then closes. A second call does nothing.
+    /// Writes out what is held, then closes. A second call does nothing. Neither this nor any other
+    /// operation reports that the system couldn't write something: that is left to finish().
     void close() override;
+    /// Closes the file; fails with " Cannot write file" and the path if it lacks anything that was
+    /// written to it.
+    void finish();
     /// Writes out what is held and flushes the handle.
     void flush() override;
 
@@ -53,4 +57,7 @@ private:
     void append(const char* text, int length);
     void write_part();
     void write_all();
+    void write_out(const char* text, int length);
+
+    bool incomplete = false;  // the system couldn't write something
 };

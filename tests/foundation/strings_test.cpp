@@ -63,6 +63,8 @@ TEST(Strings, OperationsInPlace) {
                 {"\"a", "a", [](string_3& s) { s.unquote(); }},
                 {"a\"", "a\"", [](string_3& s) { s.unquote(); }},
                 {"aaaa", "a", [](string_3& s) { EXPECT_EQ(s.replace_all("aa", "a"), 3); }},
+                {"aaabcd", "aax", [](string_3& s) { s.replace_all(s.data + 2, "x"); }},
+                {"aabc", "bcbcbc", [](string_3& s) { s.replace_all("a", s.data + 2); }},
                 // a match that begins inside a failed one
                 {"aaab", "a", [](string_3& s) { EXPECT_EQ(s.replace_all("aab", ""), 1); }}};
     for (const auto& row : rows) {
@@ -71,8 +73,17 @@ TEST(Strings, OperationsInPlace) {
         EXPECT_STREQ(s.data, row.after) << row.before;
     }
     char lent[] = "a:b:c";
-    string_3 s("owned");
-    s.borrow(lent);
+    for (const auto change :
+         {+[](string_3& s) { s.remove_chars("a:"); }, +[](string_3& s) { s.replace_all(":", ""); },
+          +[](string_3& s) { s.replace_all("none", ""); }}) {
+        string_3 borrower;
+        borrower.data = lent;
+        change(borrower);
+        EXPECT_EQ(borrower.owned, borrower.length() + 1) << "a copy";
+        EXPECT_STREQ(lent, "a:b:c");
+    }
+    string_3 s;
+    s.data = lent;
     s.replace_char(':', '\0');
     s.append("xy");  // to a copy of what was lent
     EXPECT_EQ(s, "axy");
@@ -94,6 +105,7 @@ TEST(TextBuffer, Growth) {
     using lengths = std::vector<int>;
     EXPECT_EQ(after(127, [](string_out& a) { a << 't'; }), (lengths{128, 256}));
     EXPECT_EQ(after(100, [](string_out& a) { a.add(a); }), (lengths{200, 201}));
+    EXPECT_EQ(after(100, [](string_out& a) { a << a.text() + 1; }), (lengths{199, 400}));
     EXPECT_EQ(after(5, [](string_out& a) { a.set_length(300); }), (lengths{300, 301}));
     EXPECT_EQ(after(100, [](string_out& a) { a.extend(28); }), (lengths{128, 258}));
     EXPECT_EQ(after(200, [](string_out& a) { a.reset(); }), (lengths{0, 1}));

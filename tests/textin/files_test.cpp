@@ -3,6 +3,7 @@
 #include <string>
 #include <vector>
 
+#include "foundation/heap_watch.h"
 #include "foundation/not_found.h"
 #include "foundation/platform.h"
 #include "support/expect_failure.h"
@@ -72,6 +73,13 @@ TEST_F(Files, Existing) {
     }
     EXPECT_EQ(file_size("a.txt"), 0);
     write_file("a.txt", "x");
+    EXPECT_GE(fail_each_request([](std::size_t failing) {
+                  int there = 1;  // for want of memory there is no answer
+                  const bool complete = survives(failing, [&] { there = file_exists("a.txt"); });
+                  EXPECT_EQ(there, 1);
+                  return complete;
+              }),
+              1);
     fs::resize_file("a.txt", 0x80000001U);  // no text can be so long
     EXPECT_EQ(file_size("a.txt"), 2147483647);
     fs::permissions("a.txt", fs::perms::owner_read);

@@ -87,6 +87,11 @@ struct FileOut : testing::Test {
     scratch_dir dir;
 };
 
+struct watched_file_out : file_out {
+    using file_out::file_out;
+    int capacity() const { return buffer.n_max; }
+};
+
 // `n` characters, each of which differs from its neighbours.
 std::string digits(int n) {
     std::string text;
@@ -101,9 +106,10 @@ TEST_F(FileOut, HoldsTheLastCharacters) {
     for (const auto& [written, held] : rows) {
         const std::string text = digits(written);
         for (const bool at_once : {true, false}) {
-            file_out out("a.txt");
+            watched_file_out out("a.txt");
             if (at_once) out << text.c_str();
             for (int i = 0; !at_once && i < written; ++i) out << text.c_str()[i];
+            EXPECT_EQ(out.capacity(), written > 1024 ? 2048 : 1024);
             EXPECT_EQ(out.read_tail(held + 1, tail, 0), -1) << written;
             EXPECT_EQ(out.read_tail(held, tail, 0), 0) << written;
             EXPECT_TRUE(text.ends_with(tail.data));
@@ -123,6 +129,22 @@ TEST_F(FileOut, HoldsTheLastCharacters) {
     }
     out.close();
     EXPECT_EQ(read_file("a.txt"), all);
+}
+
+TEST_F(FileOut, FinishTellsWhatIsMissing) {
+    const std::string full = "/dev/full";
+    for (const int length : {0, 1, 1025, 5000, 100000}) {
+        file_out out("a.txt");
+        out << digits(length).c_str();
+        EXPECT_EQ(message_of([&] { out.finish(); }).value_or(""), "");
+        EXPECT_EQ(read_file("a.txt"), digits(length));
+        if (length == 0 || !std::filesystem::exists(full)) continue;
+        out.open(full.c_str(), open_or_throw);
+        out << digits(length).c_str();
+        EXPECT_FAILURE(out.finish(), " Cannot write file /dev/full");
+        out.open("a.txt", open_or_throw);
+        EXPECT_EQ(message_of([&] { out.finish(); }).value_or(""), "");
+    }
 }
 
 TEST_F(FileOut, Tails) {

@@ -1,20 +1,19 @@
 #include "driver/request/arg_store_3.h"
 
-#include <cstdio>
-
 #include "foundation/except_3.h"
+#include "foundation/platform.h"
 #include "foundation/text.h"
 
 const char* error_marker = nullptr;
 
 void touch_error_marker() {
-    if (error_marker == nullptr) return;
-    if (std::FILE* file = std::fopen(error_marker, "wb")) std::fclose(file);
+    if (error_marker != nullptr) platform_make_empty_file(error_marker);
 }
 
 void arg_store_3::set_up(int argc_, const char* const* argv_) {
     argc = argc_;
     argv = argv_;
+    error_marker = nullptr;
     const int i = find_arg("-e");
     if (i != not_found && i + 1 < argc) error_marker = argv[i + 1];
 }

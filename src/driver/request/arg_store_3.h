@@ -5,13 +5,14 @@
 /// The name of the file that a failed run leaves behind (option -e); null when none was given.
 extern const char* error_marker;
 
-/// Creates the marker file, empty; does nothing when no name was given.
+/// Creates the marker file, empty, also when memory has run out; does nothing when no name was
+/// given.
 void touch_error_marker();
 
 /// The command line, program's name included. It stays main's: only pointers are kept.
 class arg_store_3 {
 public:
-    /// Stores the arguments and takes the error marker's name from them.
+    /// Stores the arguments and takes the error marker's name from them; without -e there is none.
     void set_up(int argc_, const char* const* argv_);
 
     int count() const { return argc; }

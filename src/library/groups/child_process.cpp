@@ -23,9 +23,31 @@ void run_line(const char* line) {
     constexpr int runner_flags = 3;
     if (command_runner != nullptr) {
         command_runner->run(line, runner_flags);
-    } else if (std::system(line) == -1) {
-        return;  // the missing result of the child tells
+    } else {
+        // The missing result of the child tells of a failure.
+        [[maybe_unused]] const int status = std::system(line);
     }
+}
+
+// While it lives, the current directory is that of a program.
+struct directory_visit {
+    explicit directory_visit(const char* program) {
+        string_3 directory;
+        dir_part(program, directory);
+        push_dir();
+        set_current_dir(directory.data);
+    }
+    directory_visit(const directory_visit&) = delete;
+    directory_visit& operator=(const directory_visit&) = delete;
+    ~directory_visit() { pop_dir(); }
+};
+
+// How to start a program in the directory of its path.
+string_3 local_name(const char* path) {
+    const int start = dir_start(path);
+    string_3 name(platform_file_size(path) >= 0 ? platform_program_prefix : "");
+    name.append(path + (start == not_found ? 0 : start));
+    return name;
 }
 
 }  // namespace
@@ -41,7 +63,15 @@ const string_out& error_file_path() {
 
 args_err_3::args_err_3() { remove_file(error_file_path().text()); }
 
-args_err_3::~args_err_3() { remove_file(error_file_path().text()); }
+args_err_3::~args_err_3() {
+    try {
+        remove_file(error_file_path().text());
+    } catch (except_3* failure) {
+        delete failure;
+    } catch (...) {
+        return;  // the file stays
+    }
+}
 
 void args_err_3::add_error_option() {
     static_cast<string_out&>(*this) << " -e \"" << error_file_path().text() << '"';
@@ -52,6 +82,18 @@ int args_err_3::run() {
     return remove_file(error_file_path().text()) == 0;
 }
 
+// Without a command interpreter, which would look into the names of directories for commands.
+static void run_tool(sg_file_names_3& names) {
+    string_3 path(data_dir());
+    path.append("lomar6");
+    const string_3 program = local_name(path.data);
+    const char* const arguments[] = {
+        program.data, names.lower_symbol().data, "-dir", names.out_dir().data,
+        "-e",         error_file_path().text(),  nullptr};
+    const directory_visit visit(path.data);
+    platform_run_program(arguments);
+}
+
 int run_generation(sg_file_names_3& names) {
     constexpr char_set_3 symbol_characters("abcdefghijklmnopqrstuvwxyz0123456789/:-");
     for (const char* c = names.lower_symbol().data; *c != 0; ++c) {
@@ -60,7 +102,9 @@ int run_generation(sg_file_names_3& names) {
     args_err_3 command;
     static_cast<string_out&>(command) << names.run_command();
     command.add_error_option();
-    return command.run();
+    if (command_runner != nullptr) return command.run();
+    run_tool(names);
+    return remove_file(error_file_path().text()) == 0;
 }
 
 void set_command_runner(command_runner_3* runner) { command_runner = runner; }
@@ -70,19 +114,12 @@ void run_command_line(const char* command) {
     sstring_in in(command);
     string_3 path;
     in.read_word(path);
-    string_3 directory;
-    dir_part(path.data, directory);
-    const int start = dir_start(path.data);
-    const char* const program = path.data + (start == not_found ? 0 : start);
-    push_dir();
-    set_current_dir(directory.data);
     string_out line;
-    if (platform_file_size(program) >= 0) line << platform_program_prefix;
-    line << program;
+    line << local_name(path.data);
     line.separate();
     line << in.current();
+    const directory_visit visit(path.data);
     run_line(line.text());
-    pop_dir();
 }
 
 int run_process(const char* command, int flags) {
@@ -104,5 +141,5 @@ void pop_dir() {
 }
 
 void set_current_dir(const char* path) {
-    if (!platform_set_current_dir(path)) return;
+    [[maybe_unused]] const bool changed = platform_set_current_dir(path);
 }

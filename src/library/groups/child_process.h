@@ -16,19 +16,21 @@ public:
     args_err_3();
     args_err_3(const args_err_3&) = delete;
     args_err_3& operator=(const args_err_3&) = delete;
-    /// Removes the error file.
+    /// Removes the error file, if it can.
     ~args_err_3();
 
     /// Appends ` -e "..."` with the path of the error file.
     void add_error_option();
 
     /// Runs the line and looks for the error file: 0, and removes it, if there is one; else 1.
+    /// Fails as file_exists does when it can't look.
     int run();
 };
 
-/// Runs the names' run_command with the error option, so that the .sg file comes into being. As
-/// args_err_3::run, but a symbol with characters that no symbol has, which the command interpreter
-/// might take for its own, isn't run and gives 0.
+/// Runs the names' run_command with the error option, so that the .sg file comes into being; the
+/// result is that of args_err_3::run. A runner gets the command line; without one the tool gets its
+/// arguments as they are, and no command interpreter sees them. A symbol with characters that no
+/// symbol has isn't run and gives 0.
 int run_generation(sg_file_names_3& names);
 
 /// Takes over the running of command lines from std::system, where a program can do it better.

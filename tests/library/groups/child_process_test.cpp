@@ -5,10 +5,12 @@
 #include <string>
 #include <thread>
 
+#include "foundation/heap_watch.h"
 #include "foundation/platform.h"
 #include "support/command_stand_in.h"
 #include "support/expect_failure.h"
 #include "support/scratch_dir.h"
+#include "textin/data_dir.h"
 #include "textin/file_io.h"
 #include "textout/console.h"
 #include "textout/sstring_out.h"
@@ -72,6 +74,22 @@ TEST_F(Child, TellsByTheErrorFile) {
     std::string arguments = read_file("arguments");
     if (is_windows) std::erase_if(arguments, [](char c) { return c == '"' || c == '\r'; });
     EXPECT_EQ(arguments, "a b c -e err.txt\n");
+}
+
+// When memory runs out in the look for the error file, a child that failed isn't taken for another.
+TEST_F(Child, FailuresAreNotLostWithMemory) {
+    command_stand_in child(make_error_file);
+    const int failures = fail_each_request([&](std::size_t failing) {
+        int result = 0;
+        const bool complete = survives(failing, [&] {
+            args_err_3 command;
+            result = command.run();
+        });
+        EXPECT_EQ(result, 0);
+        fs::remove("err.txt");
+        return complete;
+    });
+    EXPECT_GE(failures, 4);
 }
 
 TEST_F(Child, RunsInTheDirectoryOfTheProgram) {
@@ -138,6 +156,29 @@ TEST_F(Child, Processes) {
         std::this_thread::sleep_for(std::chrono::milliseconds(10));
     }
     EXPECT_TRUE(fs::exists("alone"));
+}
+
+TEST_F(Child, TheToolGetsItsArgumentsAsTheyAre) {
+    if (is_windows) GTEST_SKIP() << "there only a built program can be started like this";
+    for (const std::string name :
+         {"plain", "$(touch made)", "`touch made`;touch made", "\"&'\\ "}) {
+        SCOPED_TRACE(name);
+        const std::string folder = dir.path().string() + "/" + name + "/";
+        fs::create_directory(folder);
+        make_script(folder + "lomar6", "printf '%s|' \"$@\" > got\n[ -e fail ] && echo > \"$5\"\n",
+                    "");
+        data_dir() = folder.c_str();
+        sg_file_names_3 names;
+        names.set_symbol("P_21/c");
+        names.set_out_dir(name.c_str());
+        EXPECT_EQ(run_generation(names), 1);
+        EXPECT_EQ(read_file(folder + "got"),
+                  "p21/c|-dir|" + name + "|-e|" + error_file_path().text() + "|");
+        write_file(folder + "fail", "");
+        EXPECT_EQ(run_generation(names), 0);
+        data_dir() = "";
+    }
+    EXPECT_FALSE(fs::exists("made"));
 }
 
 TEST_F(Child, GeneratesAMissingFile) {
