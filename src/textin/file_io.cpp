@@ -8,7 +8,6 @@
 #include "foundation/console_text.h"
 #include "foundation/except_3.h"
 #include "foundation/platform.h"
-#include "textin/file_in.h"
 
 int file_io::open(const char* new_name, int flags) {
     set_name(new_name);
@@ -55,22 +54,15 @@ void file_io::set_name(const char* new_name) {
 }
 
 int file_exists(const char* name) {
-    int reason = 0;
-    try {
-        file_in file(name, 0);
-        if (file.file_io::open(0)) return 1;
-        reason = errno;
-    } catch (except_3* failure) {
-        delete failure;
-        return 0;
-    } catch (const std::bad_alloc&) {
-        throw;
-    } catch (...) {
-        return 0;
+    string_3 plain(name);
+    plain.unquote();
+    if (std::FILE* file = std::fopen(plain.data, "r+b")) {
+        std::fclose(file);
+        return 1;
     }
-    // For want of a handle nothing is known of the file.
-    if (reason == EMFILE || reason == ENFILE) {
-        (error_builder_3() << "Cannot open file" << name).fail();
+    if (errno == ENOMEM) throw std::bad_alloc();
+    if (errno == EMFILE || errno == ENFILE) {
+        (error_builder_3() << "Cannot open file" << plain).fail();
     }
     return 0;
 }
