@@ -3,6 +3,7 @@
 #include <span>
 #include <vector>
 
+#include "analysis/completion.h"
 #include "group/settings.h"
 #include "group/symop.h"
 
@@ -30,13 +31,16 @@ struct identification {
 /// Which of all possible answers: an exact setting first (of equal rows the first of the table);
 /// else one in the same axes with another origin; else the standard setting. Among the changes to
 /// it the smallest sum of the absolute entries of P, then the smallest origin in [0, 1) (its first
-/// coordinate counts before its second), then the P whose entries, row by row, come first with the
-/// greater ones leading. The axes are taken as right-handed, so that enantiomorphs differ.
+/// coordinate counts before its second), then the greatest sum of the entries themselves, then the
+/// P with the greater entries first, row by row. The axes are taken as right-handed, so that
+/// enantiomorphs differ.
 ///
 /// The answer is verified: throws std::logic_error if the changed operators were not those of the
 /// setting. Throws std::runtime_error with one line when the operators make no space group,
 /// std::overflow_error when numbers leave 64 bits.
 identification identify(std::span<const symop> operators);
+/// The same of a group that complete() made; its operators have no time reversal.
+identification identify(const completed_group& group);
 
 std::string_view match_text(match_kind match);  ///< `exact`, `origin`, `transformed`
 

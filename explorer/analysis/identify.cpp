@@ -1,0 +1,99 @@
+#include "analysis/identify.h"
+
+#include <algorithm>
+#include <stdexcept>
+
+#include "analysis/standard_search.h"
+#include "analysis/whole_vectors.h"
+
+namespace lomar {
+
+namespace {
+
+// A setting in the very axes of a group.
+struct same_axes {
+    const setting* row;
+    fraction_vector origin;  ///< of the setting, the smallest in [0, 1)
+};
+
+// The settings of the standard one's number whose axes are the group's, by way of their changes to
+// the standard setting.
+std::vector<same_axes> settings_in_axes(const fraction_matrix& lattice_basis,
+                                        const setting_matcher& matcher,
+                                        const known_setting& standard) {
+    const fraction_matrix into_basis = inverse(lattice_basis);
+    std::vector<same_axes> result;
+    for (const setting& row : settings()) {
+        if (row.number != standard.group.row->number) continue;
+        const basis_change change = row.to_standard();
+        const fraction_matrix columns = into_basis * change.matrix;
+        if (!is_whole(columns)) continue;
+        const auto origin = matcher.origin(standard, to_integers(columns), change.origin);
+        if (origin) result.push_back({&row, *origin});
+    }
+    std::stable_sort(result.begin(), result.end(),
+                     [](const same_axes& a, const same_axes& b) { return a.origin < b.origin; });
+    return result;
+}
+
+identification choose(const completed_group& group, const standard_search& search,
+                      const standard_place& standard) {
+    identification result;
+    const auto same = settings_in_axes(group.basis, search.matcher(), *standard.target);
+    if (same.empty()) {
+        result.row = standard.target->group.row;
+        result.match = match_kind::transformed;
+        result.change = standard.change;
+    } else {
+        result.row = same.front().row;
+        result.change.origin = same.front().origin;
+        const bool exact = same.front().origin == fraction_vector{};
+        result.match = exact ? match_kind::exact : match_kind::origin;
+    }
+    return result;
+}
+
+// The other settings with the operators of the answer.
+std::vector<const setting*> equal_rows(const space_group& answer, const known_setting& standard) {
+    const completed_group group = complete(answer.operators);
+    const setting_matcher matcher(group.basis, group.operators);
+    std::vector<const setting*> result;
+    for (const same_axes& same : settings_in_axes(group.basis, matcher, standard)) {
+        if (same.origin == fraction_vector{} && same.row != answer.row) result.push_back(same.row);
+    }
+    return result;
+}
+
+}  // namespace
+
+identification identify(const completed_group& group) {
+    standard_search search(group.basis, group.operators);
+    const std::optional<standard_place> standard = search.find();
+    if (!standard) throw std::logic_error("internal: no setting was found for the operators");
+    identification result = choose(group, search, *standard);
+    const space_group answer = group_of(*result.row);
+    if (!is_taken_onto(group.basis, group.operators, result.change, answer)) {
+        throw std::logic_error("internal: the setting found hasn't the operators");
+    }
+    result.also = equal_rows(answer, *standard->target);
+    return result;
+}
+
+identification identify(std::span<const symop> operators) {
+    std::vector<symop> plain(operators.begin(), operators.end());
+    for (symop& op : plain) op.time = 1;
+    return identify(complete(plain));
+}
+
+std::string_view match_text(match_kind match) {
+    switch (match) {
+        case match_kind::exact:
+            return "exact";
+        case match_kind::origin:
+            return "origin";
+        default:
+            return "transformed";
+    }
+}
+
+}  // namespace lomar
