@@ -169,7 +169,16 @@ fraction determinant(const fraction_matrix& m) {
            m[0][2] * (m[1][0] * m[2][1] - m[1][1] * m[2][0]);
 }
 
-int determinant(const int_matrix& m) { return narrowed(determinant(to_fractions(m)).num()); }
+int determinant(const int_matrix& m) {
+    std::int64_t total = 0;
+    for (std::size_t i = 0; i < 3; ++i) {
+        const std::size_t j = (i + 1) % 3, k = (i + 2) % 3;
+        const std::int64_t minor =
+            sum(product(m[1][j], m[2][k]), negative(product(m[1][k], m[2][j])));
+        total = sum(total, product(m[0][i], minor));
+    }
+    return narrowed(total);
+}
 
 int trace(const int_matrix& m) { return narrowed(std::int64_t{m[0][0]} + m[1][1] + m[2][2]); }
 
