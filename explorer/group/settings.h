@@ -36,7 +36,8 @@ struct setting {
     basis_change to_standard() const;
 };
 
-/// All settings, by number; of each number the conventional one first.
+/// All settings: the 530 conventional ones by number, of each number the first choice first; then
+/// the further ones.
 std::span<const setting> settings();
 /// The standard setting of a number from 1 to 230: unique axis b with cell choice 1, origin choice
 /// 2, hexagonal axes.

@@ -1,0 +1,27 @@
+#pragma once
+
+#include <string>
+#include <string_view>
+
+#include "group/settings.h"
+
+namespace lomar {
+
+/// A symbol in the parts that count: `P 21/c:b1` is `p21/c` and `b1`.
+struct symbol_parts {
+    std::string plain;  ///< as plain_symbol gives it, without the mark
+    std::string base;   ///< squeezed, without the mark
+    std::string mark;   ///< what a colon, or an h at the end, says of choice, axes and cell
+    bool has_colon = false;
+};
+
+symbol_parts parts_of_symbol(std::string_view typed);
+
+/// Whether a base is nothing but digits.
+bool is_group_number(std::string_view base);
+
+/// The setting that a Hermann-Mauguin symbol, a number or a Schoenflies symbol means; null if it
+/// means none.
+const setting* find_named_setting(const symbol_parts& symbol);
+
+}  // namespace lomar
