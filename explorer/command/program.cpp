@@ -7,8 +7,8 @@
 
 #include "command/arguments.h"
 #include "command/command.h"
-#include "command/message.h"
 #include "command/system.h"
+#include "group/message.h"
 
 namespace lomar {
 

@@ -1,7 +1,6 @@
 #pragma once
 
 #include <string>
-#include <string_view>
 #include <vector>
 
 #include "group/settings.h"
@@ -12,13 +11,16 @@ namespace lomar {
 /// for origin choice 2, `r` for rhombohedral axes.
 std::string own_key(const setting& row);
 
+/// The symbol of a monoclinic setting without its 1s, in the same form.
+std::string short_key(const setting& row);
+
 /// The setting that a name of the catalogue, in the catalogue's form, means to lomar6; null if it
 /// has none such. Of settings with the very same operators it is the one whose own name it is.
-const setting* find_catalogue_name(std::string_view key);
+const setting* find_catalogue_name(const std::string& key);
 
 /// A name of the catalogue and its setting.
 struct catalogue_name {
-    std::string_view key;
+    std::string key;
     const setting* row;
 };
 

@@ -4,12 +4,13 @@
 #include <stdexcept>
 #include <tuple>
 
-#include "catalogue/sg_catalogue_entry_3.h"
-#include "driver/request/sg_file_names_3.h"
+#include "catalogue/catalogue_scan_3.h"
 #include "foundation/except_3.h"
+#include "group/embedded_data.h"
+#include "sgfile/sg_reader.h"
 #include "symmetry/centring_table.h"
+#include "symmetry/rotation_catalogue_3.h"
 #include "symmetry/sg_decoder_3.h"
-#include "textin/data_dir.h"
 
 namespace lomar {
 
@@ -27,7 +28,7 @@ symop symop_of(const xyz_op_3& op) {
 
 std::vector<fraction_vector> centring_of(char letter) {
     std::vector<fraction_vector> result;
-    const int place = text_index(letter, lattice_letters_3);
+    const int place = lattice_place_3(letter);
     for (int row = centring_index_3(place, 0); row <= centring_index_3(place, 1); ++row) {
         fraction_vector vector;
         for (int i = 0; i < 3; ++i) {
@@ -57,14 +58,22 @@ void keep_representatives(std::vector<symop>& ops) {
     ops.erase(std::unique(ops.begin(), ops.end(), same_rotation), ops.end());
 }
 
-library_group decode(const std::string& name) {
-    data_dir() = LOMAR_DATA_DIR;
-    sg_file_names_3 names;
-    names.set_symbol(name.c_str());
-    const sg_catalogue_entry_3 entry = find_catalogue_entry(names);
+const data_text_3& catalogue() {
+    static const data_text_3 text(catalogue_data.data(), static_cast<int>(catalogue_data.size()));
+    return text;
+}
+
+const rotation_catalogue_3& rotations() {
+    static const rotation_catalogue_3 table(
+        data_text_3(rotations_data.data(), static_cast<int>(rotations_data.size())));
+    return table;
+}
+
+library_group decode(const std::string& key) {
+    const sg_catalogue_entry_3 entry = find_catalogue_entry(catalogue(), key.c_str());
     sg_decoder_3 decoder;
     decoder.set_computer_symbol(entry.computer_symbol.data);
-    decoder.decode(entry.axes.data);
+    decoder.decode(entry.axes.data, rotations());
     library_group result;
     for (const xyz_op_3& op : decoder.ops) result.representatives.push_back(symop_of(op));
     keep_representatives(result.representatives);
@@ -72,16 +81,68 @@ library_group decode(const std::string& name) {
     return result;
 }
 
-}  // namespace
+library_name name_of(const sg_catalogue_entry_3& entry, std::string key) {
+    return {entry.number, std::move(key), entry.symbol.data};
+}
 
-library_group operators_of_name(const std::string& name) {
+std::vector<library_name> scan_names() {
+    std::vector<library_name> result;
+    sg_catalogue_entry_3 entry;
+    for (catalogue_scan_3 scan(catalogue().text()); scan.next();) {
+        if (scan.is_main_name()) entry = scan.entry();
+        result.push_back(name_of(entry, std::string(scan.name().begin, scan.name().end)));
+    }
+    return result;
+}
+
+std::vector<symop> read_operators(std::string_view text, int count) {
+    vstring_in in(text.data(), text.data() + text.size());
+    std::vector<symop> result;
+    for (int i = 0; i < count; ++i) {
+        xyz_op_3 op;
+        in.skip_white();
+        load_xyz_op_3(in, op);
+        result.push_back(modulo_lattice(symop_of(op)));
+        result.back().time = op.tag;
+    }
+    return result;
+}
+
+// Calls the library, and turns its failure into an exception.
+template <class Function>
+auto guarded(Function call) {
     try {
-        return decode(name);
+        return call();
     } catch (except_3* failure) {
         const std::string message = failure->text();
         delete failure;
         throw std::runtime_error(message);
     }
+}
+
+}  // namespace
+
+library_group operators_of_name(const std::string& key) {
+    return guarded([&] { return decode(key); });
+}
+
+std::optional<library_name> find_library_name(const std::string& key) {
+    try {
+        return name_of(find_catalogue_entry(catalogue(), key.c_str()), key);
+    } catch (except_3* failure) {
+        delete failure;
+        return std::nullopt;
+    }
+}
+
+std::vector<library_name> library_names() { return guarded(scan_names); }
+
+std::vector<symop> operators_of_lines(std::string_view lines, int count) {
+    return guarded([&] { return read_operators(lines, count); });
+}
+
+std::vector<fraction_vector> centring_of_letter(char letter) {
+    return guarded([&] { return centring_of(letter); });
 }
 
 }  // namespace lomar

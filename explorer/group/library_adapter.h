@@ -1,6 +1,8 @@
 #pragma once
 
+#include <optional>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "group/symop.h"
@@ -16,8 +18,30 @@ struct library_group {
     std::vector<fraction_vector> centring;  ///< the null vector first
 };
 
-/// Decodes the group of a name that the catalogue has. Throws std::runtime_error with the library's
-/// message when it has none such.
-library_group operators_of_name(const std::string& name);
+/// A name of the catalogue, in the form in which it stands there.
+struct library_name {
+    int number = 0;  ///< of the group
+    std::string key;
+    std::string main_name;  ///< the first name of the same setting
+};
+
+/// Decodes the group of a name of the catalogue, in the catalogue's form. Throws
+/// std::runtime_error with the library's message when it has none such.
+library_group operators_of_name(const std::string& key);
+
+/// Looks for a name in the catalogue's form.
+std::optional<library_name> find_library_name(const std::string& key);
+
+/// All names, in the order of the catalogue.
+std::vector<library_name> library_names();
+
+/// The first `count` operators of a text that has one in a line, with time reversal behind a third
+/// comma: `-x,y,z+1/2,-1`. Translations come in [0, 1). Throws std::runtime_error for anything
+/// else.
+std::vector<symop> operators_of_lines(std::string_view lines, int count);
+
+/// The vectors of a lattice, one of PABCIFR in either case, the null vector first. Throws
+/// std::runtime_error for another letter.
+std::vector<fraction_vector> centring_of_letter(char letter);
 
 }  // namespace lomar

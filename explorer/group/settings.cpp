@@ -1,31 +1,17 @@
 #include "group/settings.h"
 
 #include <array>
-#include <charconv>
 #include <stdexcept>
 #include <vector>
 
 #include "group/embedded_data.h"
+#include "group/text_fields.h"
 
 namespace lomar {
 
 namespace {
 
 constexpr std::size_t n_columns = 17;
-
-// Takes the text up to a separator off the front.
-std::string_view take_field(std::string_view& text, char separator) {
-    const std::size_t end = text.find(separator);
-    const std::string_view field = text.substr(0, end);
-    text.remove_prefix(end == std::string_view::npos ? text.size() : end + 1);
-    return field;
-}
-
-int whole_number(std::string_view text) {
-    int value = 0;
-    std::from_chars(text.data(), text.data() + text.size(), value);
-    return value;
-}
 
 setting row_of(std::string_view line) {
     std::array<std::string_view, n_columns> field;

@@ -1,11 +1,12 @@
 #include "group/space_group.h"
 
+#include "group/catalogue_names.h"
 #include "group/library_adapter.h"
 
 namespace lomar {
 
 space_group group_of(const setting& row) {
-    const library_group found = operators_of_name(row.name());
+    const library_group found = operators_of_name(own_key(row));
     space_group result;
     result.row = &row;
     result.name = row.name();

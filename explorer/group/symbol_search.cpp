@@ -13,24 +13,6 @@ namespace {
 
 constexpr std::string_view lattice_letters = "pabcifr";
 
-std::string lower_case(std::string_view text) {
-    std::string result(text);
-    std::ranges::transform(result, result.begin(), [](char c) {
-        return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
-    });
-    return result;
-}
-
-std::vector<std::string> words_of(std::string_view text) {
-    std::vector<std::string> result;
-    while (!text.empty()) {
-        const std::size_t end = std::min(text.find(' '), text.size());
-        if (end > 0) result.push_back(lower_case(text.substr(0, end)));
-        text.remove_prefix(std::min(end + 1, text.size()));
-    }
-    return result;
-}
-
 // Whether `typed` is one choice of each place's alternatives, written one after the other.
 bool joins_to(std::string_view typed, const std::vector<std::vector<std::string>>& places,
               std::size_t place) {

@@ -4,6 +4,8 @@
 #include <array>
 #include <cctype>
 
+#include "group/message.h"
+
 namespace lomar {
 
 namespace {
@@ -63,23 +65,6 @@ constexpr spelling spellings[] = {
     {"\r", " "},
 };
 
-std::string in_ascii(std::string_view typed) {
-    std::string result;
-    while (!typed.empty()) {
-        const auto found =
-            std::find_if(std::begin(spellings), std::end(spellings),
-                         [&](const spelling& s) { return typed.starts_with(s.typed); });
-        if (found == std::end(spellings)) {
-            result += lower(typed[0]);
-            typed.remove_prefix(1);
-        } else {
-            result += found->plain;
-            typed.remove_prefix(found->typed.size());
-        }
-    }
-    return result;
-}
-
 // Bars that come after their digit: a minus goes before it.
 void move_bars(std::string& text) {
     for (const std::string_view bar : {"~", "bar"}) {
@@ -110,46 +95,27 @@ std::string single_blanks(std::string_view text) {
     return result;
 }
 
-// The length of the UTF-8 sequence that a text begins with; 0 if it is none.
-std::size_t utf8_length(std::string_view text) {
-    const auto first = static_cast<unsigned char>(text[0]);
-    const std::size_t length = first < 0x80   ? 1
-                               : first < 0xc2 ? 0
-                               : first < 0xe0 ? 2
-                               : first < 0xf0 ? 3
-                               : first < 0xf5 ? 4
-                                              : 0;
-    if (length > text.size()) return 0;
-    for (std::size_t i = 1; i < length; ++i) {
-        if ((static_cast<unsigned char>(text[i]) & 0xc0) != 0x80) return 0;
-    }
-    return length;
-}
-
-// Control characters of either half of Latin 1, and the marks that turn the direction of writing.
-bool is_control(std::string_view sequence) {
-    const auto first = static_cast<unsigned char>(sequence[0]);
-    if (sequence.size() == 1) return first < 0x20 || first == 0x7f;
-    const auto second = static_cast<unsigned char>(sequence[1]);
-    if (sequence.size() == 2) return first == 0xc2 && second < 0xa0;
-    return first == 0xe2 && (second == 0x80 || second == 0x81) &&
-           static_cast<unsigned char>(sequence[2]) >= 0xa6;
-}
-
-void append_escaped(std::string& out, std::string_view bytes) {
-    constexpr std::string_view digits = "0123456789abcdef";
-    for (const char c : bytes) {
-        const auto value = static_cast<unsigned char>(c);
-        out += "\\x";
-        out += digits[value >> 4];
-        out += digits[value & 15];
-    }
-}
-
 }  // namespace
 
+std::string in_ascii(std::string_view typed) {
+    std::string result;
+    while (!typed.empty()) {
+        const auto found =
+            std::find_if(std::begin(spellings), std::end(spellings),
+                         [&](const spelling& s) { return typed.starts_with(s.typed); });
+        if (found == std::end(spellings)) {
+            result += typed[0];
+            typed.remove_prefix(1);
+        } else {
+            result += found->plain;
+            typed.remove_prefix(found->typed.size());
+        }
+    }
+    return result;
+}
+
 std::string plain_symbol(std::string_view typed) {
-    std::string text = single_blanks(in_ascii(typed));
+    std::string text = single_blanks(lower_case(in_ascii(typed)));
     move_bars(text);
     return single_blanks(without_quotes(text));
 }
@@ -162,21 +128,29 @@ std::string squeezed(std::string_view plain) {
     return result;
 }
 
+std::string lower_case(std::string_view text) {
+    std::string result(text);
+    std::ranges::transform(result, result.begin(), lower);
+    return result;
+}
+
+std::vector<std::string> words_of(std::string_view symbol) {
+    std::vector<std::string> result;
+    while (!symbol.empty()) {
+        const std::size_t end = std::min(symbol.find(' '), symbol.size());
+        if (end > 0) result.push_back(lower_case(symbol.substr(0, end)));
+        symbol.remove_prefix(std::min(end + 1, symbol.size()));
+    }
+    return result;
+}
+
 std::string quoted(std::string_view text) {
     constexpr std::size_t longest = 60;
-    std::string result = "'";
-    std::size_t done = 0;
-    while (done < text.size() && done < longest) {
-        const std::size_t length = utf8_length(text.substr(done));
-        const std::string_view piece = text.substr(done, std::max<std::size_t>(length, 1));
-        if (length == 0 || is_control(piece)) {
-            append_escaped(result, piece);
-        } else {
-            result += piece;
-        }
-        done += piece.size();
-    }
-    return result + (done < text.size() ? "...'" : "'");
+    std::size_t end = std::min(text.size(), longest);
+    // No character of several bytes is cut in two.
+    while (end > 0 && end < text.size() && (static_cast<unsigned char>(text[end]) & 0xc0) == 0x80)
+        --end;
+    return "'" + one_line(text.substr(0, end)) + (end < text.size() ? "...'" : "'");
 }
 
 }  // namespace lomar

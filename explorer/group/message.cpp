@@ -1,4 +1,4 @@
-#include "command/message.h"
+#include "group/message.h"
 
 #include <cstdint>
 
