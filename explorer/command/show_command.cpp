@@ -1,29 +1,42 @@
 #include <CLI/App.hpp>
 
 #include "command/command.h"
+#include "formats/operator_files.h"
+#include "formats/text_layout.h"
 #include "group/settings.h"
-#include "group/space_group.h"
 
 namespace lomar {
 
 namespace {
 
+std::string answer_of(const space_group& group, const output& out) {
+    const std::string& format = out.format();
+    if (format == "xyz") return xyz_lines(group);
+    if (format == "cif") return cif_block(group);
+    if (format == "shelx") return shelx_cards(group);
+    if (format == "sg") return sg_file(group);
+    if (format == "csv") return csv_operators(group);
+    return bold(group.name, out.colour()) + "\n\n" + xyz_lines(group);
+}
+
 class show_command : public command {
 public:
     std::string_view name() const override { return "show"; }
-    std::string_view summary() const override { return "Everything about a group"; }
-    std::vector<std::string_view> formats() const override { return {"text", "xyz"}; }
+    std::string_view summary() const override {
+        return "everything about a group: names, class, operators, conditions, positions";
+    }
+    std::vector<std::string_view> formats() const override {
+        return {"text", "xyz", "cif", "shelx", "sg", "csv"};
+    }
 
     void declare(CLI::App& app) override {
-        app.add_option("SYMBOL", symbol, "The name of a group, such as P21/c")->required();
+        app.add_option("SYMBOL", symbol, "the name of a group, such as P21/c")->required();
     }
 
     void run(output& out) override {
         const setting* row = find_setting(symbol);
         if (row == nullptr) throw input_error("'" + symbol + "' names no space group");
-        const space_group group = group_of(*row);
-        if (out.format() == "text") out.write(group.name + "\n\n");
-        for (const symop& op : group.operators) out.write(xyz_text(op) + "\n");
+        out.write(answer_of(group_of(*row), out));
     }
 
 private:

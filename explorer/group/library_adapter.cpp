@@ -5,12 +5,16 @@
 #include <tuple>
 
 #include "catalogue/catalogue_scan_3.h"
+#include "catalogue/point_group_table_3.h"
 #include "foundation/except_3.h"
 #include "group/embedded_data.h"
+#include "reflections/sg_sections.h"
 #include "sgfile/sg_reader.h"
+#include "sgfile/sg_writer.h"
 #include "symmetry/centring_table.h"
 #include "symmetry/rotation_catalogue_3.h"
 #include "symmetry/sg_decoder_3.h"
+#include "textout/sstring_out.h"
 
 namespace lomar {
 
@@ -108,6 +112,21 @@ std::vector<symop> read_operators(std::string_view text, int count) {
     return result;
 }
 
+std::string sg_text_of(const std::string& key) {
+    sg_catalogue_entry_3 entry = find_catalogue_entry(catalogue(), key.c_str());
+    point_group_table_3 point_groups;
+    point_groups.lookup(entry.symbol.data);
+    entry.point_group = point_groups.normalised();
+    sstring_out stream;
+    write_sg_banner(stream);
+    entry.write_record(stream);
+    sg_decoder_3 decoder;
+    decoder.set_computer_symbol(entry.computer_symbol.data);
+    decoder.decode(entry.axes.data, rotations());
+    write_sg_sections(decoder, stream);
+    return {stream.text(), static_cast<std::size_t>(stream.text_length())};
+}
+
 // Calls the library, and turns its failure into an exception.
 template <class Function>
 auto guarded(Function call) {
@@ -124,6 +143,10 @@ auto guarded(Function call) {
 
 library_group operators_of_name(const std::string& key) {
     return guarded([&] { return decode(key); });
+}
+
+std::string sg_file_text(const std::string& key) {
+    return guarded([&] { return sg_text_of(key); });
 }
 
 std::optional<library_name> find_library_name(const std::string& key) {

@@ -44,4 +44,8 @@ std::vector<symop> operators_of_lines(std::string_view lines, int count);
 /// std::runtime_error for another letter.
 std::vector<fraction_vector> centring_of_letter(char letter);
 
+/// The very bytes of the .sg file that lomar6 makes of a name of the catalogue. Throws as
+/// operators_of_name.
+std::string sg_file_text(const std::string& key);
+
 }  // namespace lomar

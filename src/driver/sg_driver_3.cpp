@@ -2,12 +2,12 @@
 
 #include <exception>
 #include <new>
-#include <utility>
 
 #include "catalogue/point_group_table_3.h"
 #include "catalogue/sg_catalogue_entry_3.h"
 #include "foundation/except_3.h"
 #include "reflections/hkl_file.h"
+#include "reflections/sg_sections.h"
 #include "reflections/similar_hkls.h"
 #include "sgfile/sg_reader.h"
 #include "sgfile/sg_writer.h"
@@ -25,16 +25,6 @@ constexpr char usage[] =
     "   -hkl creates a .hkl file.\n"
     "   Examples:\n"
     "      lomar6 F_d_d_d -hhh";
-
-void move_identity_to_front(xyz_list_3& ops) {
-    for (xyz_op_3& op : ops) {
-        if (!is_identity_rotation(op) || op.trans(0) != 0 || op.trans(1) != 0 || op.trans(2) != 0) {
-            continue;
-        }
-        std::swap(ops[0], op);
-        return;
-    }
-}
 
 }  // namespace
 
@@ -90,13 +80,11 @@ void sg_driver_3::generate_sg(sg_file_names_3& group, sg_decoder_3& operators) {
     entry.write_record(stream);
     operators.set_computer_symbol(entry.computer_symbol.data);
     operators.decode(entry.axes.data);
-    move_identity_to_front(operators.ops);
     if (args.has("-only_asym")) {
+        move_identity_to_front(operators.ops);
         write_plain_xyzs(stream, operators.ops);
     } else {
-        operators.write_xyzs(stream);
-        add_similar_hkls_3(operators.ops, stream);
-        operators.write_equivalence_of_xyz(stream);
+        write_sg_sections(operators, stream);
     }
     stream.finish();
 }

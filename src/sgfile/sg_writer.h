@@ -9,6 +9,9 @@
 /// What the file begins with: a comment about its origin.
 void write_sg_banner(stream_out& stream);
 
+/// Changes the places of the identity and the first operator, as the xyzs section has them.
+void move_identity_to_front(xyz_list_3& ops);
+
 /// The xyzs section up to the last of these operators; more may follow.
 void write_xyzs_head(stream_out& stream, const xyz_list_3& ops);
 
