@@ -3,7 +3,7 @@
 #include "command/command.h"
 #include "formats/operator_files.h"
 #include "formats/text_layout.h"
-#include "group/settings.h"
+#include "group/names.h"
 
 namespace lomar {
 
@@ -33,11 +33,7 @@ public:
         app.add_option("SYMBOL", symbol, "the name of a group, such as P21/c")->required();
     }
 
-    void run(output& out) override {
-        const setting* row = find_setting(symbol);
-        if (row == nullptr) throw input_error("'" + symbol + "' names no space group");
-        out.write(answer_of(group_of(*row), out));
-    }
+    void run(output& out) override { out.write(answer_of(resolve_symbol(symbol).group, out)); }
 
 private:
     std::string symbol;

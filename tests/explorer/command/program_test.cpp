@@ -51,8 +51,8 @@ INSTANTIATE_TEST_SUITE_P(
         usage_case{{"show", "P 1", "-o", "."}, 1, "'.'"},
         usage_case{{"show", "--", "-o"}, 1, "'-o'"}, usage_case{{"show", "-.5"}, 1, "'-.5'"},
         usage_case{{"show", "-1/4"}, 1, "'-1/4'"}, usage_case{{"show", "-P no"}, 1, "'-P no'"},
-        usage_case{{"show", "-p no"}, 1, "'-p no'"}, usage_case{{"show", ""}, 1, "''"},
-        usage_case{{"show", "[1]"}, 1, "'[1]'"}, usage_case{{"show", "P\n1"}, 1, "P\\x0a1"},
+        usage_case{{"show", "-p no"}, 1, "'-p no'"}, usage_case{{"show", ""}, 1, "empty"},
+        usage_case{{"show", "[q]"}, 1, "'[q]'"}, usage_case{{"show", "Q\n1"}, 1, "'Q\\x0a1'"},
         usage_case{{"show", "\x1b[2J"}, 1, "\\x1b[2J"}));
 
 TEST(output_file, holds_the_answer_and_replaces_what_was_there) {
