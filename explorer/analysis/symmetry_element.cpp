@@ -162,17 +162,6 @@ int parameter_of(const std::vector<int_vector>& directions, std::size_t which) {
     return 0;
 }
 
-std::string axis_text(const int_vector& axis) {
-    bool wide = false;
-    for (const int part : axis) wide = wide || part > 9 || part < -9;
-    std::string result;
-    for (std::size_t i = 0; i < 3; ++i) {
-        if (wide && i > 0) result += ',';
-        result += std::to_string(axis[i]);
-    }
-    return result;
-}
-
 }  // namespace
 
 symmetry_element element_of(const symop& op) {
@@ -194,6 +183,17 @@ symmetry_element element_of(const symop& op) {
 }
 
 std::string kind_text(int kind) { return kind == -2 ? "m" : std::to_string(kind); }
+
+std::string axis_text(const int_vector& axis) {
+    bool wide = false;
+    for (const int part : axis) wide = wide || part > 9 || part < -9;
+    std::string result;
+    for (std::size_t i = 0; i < 3; ++i) {
+        if (wide && i > 0) result += ',';
+        result += std::to_string(axis[i]);
+    }
+    return result;
+}
 
 std::string location_text(const symmetry_element& element) {
     if (element.kind == 1) return {};

@@ -37,6 +37,9 @@ symmetry_element element_of(const symop& op);
 /// `m` for -2, else the number: `-3`.
 std::string kind_text(int kind);
 
+/// The components of an axis, `1-10`; with commas between them if one is beyond 9.
+std::string axis_text(const int_vector& axis);
+
 /// The fixed points of (W, w - intrinsic): `0,y,1/4`, `2x,x,z`, `-x,x+1/2,-x-1/2`, or the inversion
 /// point. A line has the parameter of its first varying coordinate, a plane those of the first two
 /// that vary independently. Empty for kind 1.
