@@ -72,7 +72,8 @@ identification identify(const completed_group& group) {
     if (!standard) throw std::logic_error("internal: no setting was found for the operators");
     identification result = choose(group, search, *standard);
     const space_group answer = group_of(*result.row);
-    if (!is_taken_onto(group.basis, group.operators, result.change, answer)) {
+    if (!is_taken_onto(group.basis, group.operators, result.change, answer.representatives(),
+                       answer.centring)) {
         throw std::logic_error("internal: the setting found hasn't the operators");
     }
     result.also = equal_rows(answer, *standard->target);

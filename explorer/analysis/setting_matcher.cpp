@@ -10,9 +10,9 @@ namespace lomar {
 
 namespace {
 
-translation_lattice lattice_of(const space_group& group) {
+translation_lattice lattice_of(std::span<const fraction_vector> centring) {
     translation_lattice lattice;
-    for (const fraction_vector& v : group.centring) lattice.add(v);
+    for (const fraction_vector& v : centring) lattice.add(v);
     return lattice;
 }
 
@@ -45,7 +45,7 @@ bool is_unimodular(const fraction_matrix& m) {
 
 known_setting::known_setting(const setting& row)
     : group(group_of(row)),
-      primitive(lattice_of(group).short_basis()),
+      primitive(lattice_of(group.centring).short_basis()),
       back(inverse(primitive)),
       generators(generators_of(group, primitive)),
       shifts(rotations_of(generators)) {}
@@ -85,14 +85,15 @@ basis_change setting_matcher::change(const int_matrix& columns,
 }
 
 bool is_taken_onto(const fraction_matrix& lattice_basis, std::span<const symop> operators,
-                   const basis_change& change, const space_group& group) {
-    const translation_lattice lattice = lattice_of(group);
+                   const basis_change& change, std::span<const symop> representatives,
+                   std::span<const fraction_vector> centring) {
+    const translation_lattice lattice = lattice_of(centring);
     const fraction_matrix new_basis = inverse(change.matrix) * lattice_basis;
     for (std::size_t i = 0; i < 3; ++i) {
         if (!lattice.contains(column(new_basis, i))) return false;
     }
     const fraction volume =
-        determinant(new_basis) * fraction(static_cast<std::int64_t>(group.centring.size()));
+        determinant(new_basis) * fraction(static_cast<std::int64_t>(centring.size()));
     if (volume != fraction(1) && volume != fraction(-1)) return false;
     // From the lattice's basis to the setting's axes in one step.
     const fraction_matrix into_basis = inverse(lattice_basis);
@@ -103,9 +104,8 @@ bool is_taken_onto(const fraction_matrix& lattice_basis, std::span<const symop> 
         now.trans = lattice.reduced(now.trans);
         found.push_back(now);
     }
-    for (symop op : group.representatives()) {
+    for (symop op : representatives) {
         op.trans = lattice.reduced(op.trans);
-        op.time = 1;
         wanted.push_back(op);
     }
     std::sort(found.begin(), found.end());

@@ -24,11 +24,11 @@ public:
 
     /// A right-handed change of axes and origin that the disguise allows: matrix entries up to some
     /// tens, shifts in parts of 1 to 24.
-    basis_change change(const space_group& group, disguise kind) {
+    basis_change change(const std::vector<fraction_vector>& centring, disguise kind) {
         basis_change result;
         if (kind == disguise::primitive || kind == disguise::generators) {
             translation_lattice lattice;
-            for (const fraction_vector& v : group.centring) lattice.add(v);
+            for (const fraction_vector& v : centring) lattice.add(v);
             result.matrix = lattice.short_basis();
         }
         if (kind == disguise::super_cell) result.matrix[index(3)][index(3)] += fraction(1);
