@@ -13,16 +13,6 @@ int order_of(const xyz_op_3& op) {
     return order == 0 ? highest_order + 1 : order;
 }
 
-// The rotations of a list without repetitions.
-xyz_list_3 distinct_rotations(const xyz_list_3& ops) {
-    xyz_list_3 rotations(ops);
-    for (xyz_op_3& op : rotations) {
-        for (int i = 0; i < 3; ++i) op.trans(i) = 0;
-    }
-    keep_unique_6(rotations);
-    return rotations;
-}
-
 // Of each pair of opposite rotations the one of larger order goes, or the later one.
 void drop_opposites(xyz_list_3& rotations) {
     int_list_3 paired;
@@ -66,7 +56,8 @@ int_list_3 count_cyclic_groups(const xyz_list_3& rotations) {
 }  // namespace
 
 int crystal_system_of_3(const xyz_list_3& ops) {
-    xyz_list_3 rotations = distinct_rotations(ops);
+    xyz_list_3 rotations = rotations_of(ops);
+    keep_unique_6(rotations);
     drop_opposites(rotations);
     const int_list_3 counts = count_cyclic_groups(rotations);
     if (counts[3] == 4) return 6;

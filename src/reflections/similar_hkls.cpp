@@ -28,9 +28,7 @@ void add_form(xyz_list_3& table, const char* h, const char* k, const char* l) {
 
 // The permutations of the indices with all signs.
 void add_permuted_forms(xyz_list_3& table) {
-    constexpr triple_3 permutations[] = {{{0, 1, 2}}, {{0, 2, 1}}, {{1, 0, 2}},
-                                         {{1, 2, 0}}, {{2, 0, 1}}, {{2, 1, 0}}};
-    for (const triple_3& p : permutations) {
+    for (const triple_3& p : axis_permutations_3) {
         for (int signs = 0; signs < 8; ++signs) {
             xyz_op_3& form = table.add();
             for (int i = 0; i < 3; ++i) form.rot(p[i], i) = (signs & (4 >> i)) != 0 ? -1 : 1;
@@ -111,11 +109,8 @@ void find_general_class(const xyz_list_3& ops, xyz_list_3& found) {
 }
 
 // The rotations of a list, sorted; each of them once if all occur equally often, as in a group.
-xyz_list_3 rotations_of(const xyz_list_3& ops) {
-    xyz_list_3 rotations(ops);
-    for (xyz_op_3& op : rotations) {
-        for (int i = 0; i < 3; ++i) op.trans(i) = 0;
-    }
+xyz_list_3 even_rotations(const xyz_list_3& ops) {
+    xyz_list_3 rotations = rotations_of(ops);
     group_record_3 record;
     group(rotations, record);
     for (int count : record.count) {
@@ -162,7 +157,7 @@ const xyz_list_3& hkl_form_table_3() {
 void similar_hkls_3(const xyz_list_3& ops, class_lists_3& classes) {
     classes.new_n(n_hkl_classes_3);
     find_general_class(ops, classes[0]);
-    const xyz_list_3 rotations = rotations_of(ops);
+    const xyz_list_3 rotations = even_rotations(ops);
     for (int i = 1; i < n_hkl_classes_3; ++i) {
         find_special_class(rotations, hkl_class_names_3()[i].data, classes[0], classes[i]);
     }
@@ -174,18 +169,9 @@ void similar_hkls_3(const xyz_list_3& ops, class_lists_3& classes) {
 namespace {
 
 void write_row(string_out& out, const xyz_op_3& op, int row) {
-    bool empty = true;
-    for (int c = 0; c < 3; ++c) {
-        if (op.rot(row, c) == 0) continue;
-        if (op.rot(row, c) < 0) {
-            out << '-';
-        } else if (!empty) {
-            out << '+';
-        }
-        out << "hkl"[c];
-        empty = false;
-    }
-    if (empty) out << '0';
+    int signs[3];
+    for (int c = 0; c < 3; ++c) signs[c] = (op.rot(row, c) > 0) - (op.rot(row, c) < 0);
+    if (!write_terms(out, signs, 0, "hkl")) out << '0';
 }
 
 void write_class(stream_out& stream, const char* name, const xyz_list_3& ops) {

@@ -31,12 +31,10 @@ void sg_decoder_3::write_xyzs(stream_out& stream) {
 }
 
 void sg_decoder_3::write_equivalence_of_xyz(stream_out& stream) {
-    constexpr triple_3 permutations[] = {{{0, 1, 2}}, {{0, 2, 1}}, {{1, 0, 2}},
-                                         {{1, 2, 0}}, {{2, 0, 1}}, {{2, 1, 0}}};
     stream << "\nequivalence_of_xyz\n{\n";
     sort_xyzs_3(ops);
     xyz_list_3 copy;
-    for (const triple_3& p : permutations) {
+    for (const triple_3& p : axis_permutations_3) {
         copy = ops;
         for (int i = 0; i < ops.n; ++i) permute_columns(copy[i], ops[i], p);
         sort_xyzs_3(copy);

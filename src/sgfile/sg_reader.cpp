@@ -7,7 +7,6 @@
 
 namespace {
 
-constexpr char bad_xyzs[] = "Error loading symmetry xyz's";
 constexpr char bad_hkls[] = "Error loading symmetry hkls";
 
 // One row of an operator: the text up to its delimiter, which isn't passed.
@@ -33,15 +32,16 @@ term_start read_term_start(vstring_in& row) {
 int read_fraction(vstring_in& row, int sign) {
     row.back();
     const char* const begin = row.current();
-    if (!row.find_char('/', stay_on_found)) fail_with(bad_xyzs);
+    if (!row.find_char('/', stay_on_found)) fail_with(malformed_xyzs_3);
     const int numerator = int_of_text(sstring_in::range_text({begin, row.current()}).text());
     row.advance();
     const int denominator = row.read_int();
     const unsigned product = static_cast<unsigned>(numerator) * static_cast<unsigned>(sign) *
                              static_cast<unsigned>(xyz_op_3::edge);
     const int dividend = static_cast<int>(product);
-    if (denominator == 0) fail_with(bad_xyzs);
-    if (denominator == -1 && dividend == std::numeric_limits<int>::min()) fail_with(bad_xyzs);
+    if (denominator == 0) fail_with(malformed_xyzs_3);
+    if (denominator == -1 && dividend == std::numeric_limits<int>::min())
+        fail_with(malformed_xyzs_3);
     return dividend / denominator;
 }
 
@@ -54,7 +54,7 @@ void read_xyz_row(vstring_in row, int* op_row) {
         } else if (c >= '0' && c <= '9') {
             op_row[3] = read_fraction(row, sign);
         } else {
-            fail_with(bad_xyzs);
+            fail_with(malformed_xyzs_3);
         }
     }
 }
@@ -100,7 +100,7 @@ void load_xyz_op_3(sstring_in& in, xyz_op_3& op) {
     op = xyz_op_3();
     op.tag = tag;
     for (int i = 0; i < 3; ++i) {
-        read_xyz_row(cut_row(in, bad_xyzs), op.rows[i]);
+        read_xyz_row(cut_row(in, malformed_xyzs_3), op.rows[i]);
         if (in.get() == ',' && i == 2) op.tag = in.read_int();
         in.skip_newline();
     }

@@ -10,8 +10,6 @@
 
 namespace {
 
-constexpr char bad_generator[] = "Error loading symmetry xyz's";
-
 // Moves behind the word `symmetry`; false if the text has no more of them.
 bool find_symmetry(sstring_in& in) {
     constexpr char_set_3 word_ends("{ \n\t");
@@ -29,9 +27,9 @@ bool is_digit(char c) { return c >= '0' && c <= '9'; }
 
 // A fraction whose numerator was passed, in 1/360.
 int read_fraction(vstring_in& field, char numerator, int sign) {
-    if (field.get() != '/') fail_with(bad_generator);
+    if (field.get() != '/') fail_with(malformed_xyzs_3);
     const char denominator = field.get();
-    if (!is_digit(denominator) || denominator == '0') fail_with(bad_generator);
+    if (!is_digit(denominator) || denominator == '0') fail_with(malformed_xyzs_3);
     return (numerator - '0') * sign * xyz_op_3::edge / (denominator - '0');
 }
 
@@ -49,7 +47,7 @@ void read_row(vstring_in field, int* row) {
         } else if (is_digit(c)) {
             row[3] = read_fraction(field, c, sign);
         } else {
-            fail_with(bad_generator);
+            fail_with(malformed_xyzs_3);
         }
     }
 }
@@ -80,18 +78,13 @@ void read_generator_file(const char* name, xyz_list_3& gens) {
 }
 
 void cyclic_powers(xyz_list_3& list, const xyz_op_3& op) {
-    constexpr int last_pass = 12;
+    constexpr int most = 13;
     xyz_op_3 generator = op;
     normalise(generator);
     list.add(generator);
-    xyz_op_3 power = generator;
-    for (int pass = 0; pass <= last_pass; ++pass) {
-        compose(power, generator);
-        normalise(power);
-        if (same_as(power, generator)) return;
-        list.add(power);
+    if (!append_cycle_3(list, generator, generator, most)) {
+        fail_with("Identity matrix not found after 13 operations");
     }
-    fail_with("Identity matrix not found after 13 operations");
 }
 
 namespace {
@@ -105,14 +98,8 @@ void multiply_generator_lists(sg_decoder_3& decoder) {
     xyz_list_3& ops = decoder.ops;
     ops = decoder.generator_lists[0];
     for (int i = 1; i < decoder.generator_lists.n; ++i) {
-        const xyz_list_3& powers = decoder.generator_lists[i];
-        if (std::int64_t{powers.n} * ops.n > most_positions) {
-            fail_with("Too many equivalent positions");
-        }
-        xyz_list_3 products;
-        products.set_max_n(200, false);
-        multiply_xyz_lists_3(products, powers, ops);
-        ops.take(products);
+        multiply_group_3(ops, decoder.generator_lists[i], most_positions,
+                         "Too many equivalent positions");
     }
 }
 

@@ -97,12 +97,7 @@ void generator_powers(const rotation_catalogue_3& rotations, xyz_list_3& out, co
     conjugate(generator, A);
     normalise(generator);
     out.add(generator);
-    xyz_op_3 power = generator;
-    for (int i = 0; i < most; ++i) {
-        compose(power, generator);
-        normalise(power);
-        if (same_as(power, generator)) return;
-        out.add(power);
+    if (!append_cycle_3(out, generator, generator, most)) {
+        fail_with("Rotation matrix failed consistency test");
     }
-    fail_with("Rotation matrix failed consistency test");
 }

@@ -52,7 +52,7 @@ int sg_decoder_3::count_generators() const {
     if (text_index(computer_symbol.data[0], lattice_letters_3) == not_found) {
         fail_with("Bad lattice_type");
     }
-    if (text_index(computer_symbol.data[1], "amotrhc") == not_found) {
+    if (text_index(computer_symbol.data[1], crystal_system_letters_3) == not_found) {
         fail_with("Bad crystal_system");
     }
     return rest / field_size + 1;
@@ -92,13 +92,7 @@ void sg_decoder_3::multiply_lists() {
             normalise_xyzs_3(ops);
             keep_unique_6(ops);
         }
-        if (std::int64_t{powers.n} * ops.n > most_products) {
-            fail_with("Rotation matrix failed consistency test");
-        }
-        xyz_list_3 products;
-        products.set_max_n(200, false);
-        multiply_xyz_lists_3(products, powers, ops);
-        ops.take(products);
+        multiply_group_3(ops, powers, most_products, "Rotation matrix failed consistency test");
     }
     normalise_xyzs_3(ops);
     keep_unique_6(ops);

@@ -3,6 +3,10 @@
 #include "foundation/string_3.h"
 #include "symmetry/xyz_op_3.h"
 
+/// The letters of the crystal systems: anorthic (triclinic), monoclinic, orthorhombic, tetragonal,
+/// trigonal, hexagonal, cubic. The place of a letter in this text is its number.
+inline constexpr char crystal_system_letters_3[] = "amotrhc";
+
 class rotation_catalogue_3;
 
 /// Makes the operators of a group out of its computer-adapted symbol.

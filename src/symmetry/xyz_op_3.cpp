@@ -3,8 +3,8 @@
 #include <algorithm>
 #include <utility>
 
+#include "foundation/except_3.h"
 #include "foundation/sorted.h"
-#include "foundation/string_out.h"
 
 namespace {
 
@@ -161,8 +161,40 @@ void multiply_xyz_lists_3(xyz_list_3& out, const xyz_list_3& left, const xyz_lis
     }
 }
 
+void multiply_group_3(xyz_list_3& ops, const xyz_list_3& powers, std::int64_t most,
+                      const char* message) {
+    if (std::int64_t{powers.n} * ops.n > most) fail_with(message);
+    xyz_list_3 products;
+    products.set_max_n(200, false);
+    multiply_xyz_lists_3(products, powers, ops);
+    ops.take(products);
+}
+
+bool append_cycle_3(xyz_list_3& out, xyz_op_3 g, xyz_op_3 x, int most) {
+    xyz_op_3 product = x;
+    for (int i = 0; i < most; ++i) {
+        compose(product, g);
+        normalise(product);
+        if (same_as(product, x)) return true;
+        out.add(product);
+    }
+    return false;
+}
+
 void normalise_xyzs_3(xyz_list_3& ops) {
     for (xyz_op_3& op : ops) normalise(op);
+}
+
+xyz_op_3 rotation_of(const xyz_op_3& op) {
+    xyz_op_3 rotation = op;
+    for (int i = 0; i < 3; ++i) rotation.trans(i) = 0;
+    return rotation;
+}
+
+xyz_list_3 rotations_of(const xyz_list_3& ops) {
+    xyz_list_3 rotations(ops);
+    for (xyz_op_3& op : rotations) op = rotation_of(op);
+    return rotations;
 }
 
 const char* fraction_text(int t, bool is_signed) {
@@ -183,21 +215,34 @@ const char* fraction_text(int t, bool is_signed) {
     return text.text();
 }
 
+bool write_terms(string_out& out, const int signs[3], char prefix, const char* letters) {
+    bool first = true;
+    for (int c = 0; c < 3; ++c) {
+        if (signs[c] == 0) continue;
+        if (signs[c] < 0) {
+            out << '-';
+        } else if (!first) {
+            out << '+';
+        }
+        if (prefix != 0) out << prefix;
+        out << letters[c];
+        first = false;
+    }
+    return !first;
+}
+
+int sign_of_term(std::int64_t coefficient) {
+    if (coefficient == 0) return 0;
+    return coefficient == -1 ? -1 : 1;
+}
+
 void write_xyz(stream_out& stream, const xyz_op_3& a) {
     string_out text;
     text << "\n\t";
     for (int i = 0; i < 3; ++i) {
-        bool first = true;
-        for (int c = 0; c < 3; ++c) {
-            if (a.rot(i, c) == 0) continue;
-            if (a.rot(i, c) == -1) {
-                text << '-';
-            } else if (!first) {
-                text << '+';
-            }
-            text << "xyz"[c];
-            first = false;
-        }
+        int signs[3];
+        for (int c = 0; c < 3; ++c) signs[c] = sign_of_term(a.rot(i, c));
+        write_terms(text, signs, 0, "xyz");
         if (a.trans(i) != 0) text << fraction_text(a.trans(i), true);
         if (i < 2) text << ',';
         text << ' ';

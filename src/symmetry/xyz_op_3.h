@@ -1,6 +1,7 @@
 #pragma once
 
 #include "foundation/ctr_3.h"
+#include "foundation/string_out.h"
 #include "foundation/triple_3.h"
 #include "textout/stream_out.h"
 
@@ -66,9 +67,28 @@ void keep_unique_6(xyz_list_3& ops);
 bool equal_xyzs_3(const xyz_list_3& a, const xyz_list_3& b);
 /// Appends all products left[k] right[j], where right[j] acts first; j runs faster than k.
 void multiply_xyz_lists_3(xyz_list_3& out, const xyz_list_3& left, const xyz_list_3& right);
+/// Puts the products of `powers` and `ops` in the place of `ops`; where that would be more than
+/// `most`, fails with the message.
+void multiply_group_3(xyz_list_3& ops, const xyz_list_3& powers, std::int64_t most,
+                      const char* message);
+/// Appends g x, g g x, ... each normalised, up to the one before x comes back, and gives true; or
+/// false if `most` products didn't lead back to x, which must be normalised.
+bool append_cycle_3(xyz_list_3& out, xyz_op_3 g, xyz_op_3 x, int most);
 void normalise_xyzs_3(xyz_list_3& ops);
+/// The operators with translations of 0.
+xyz_op_3 rotation_of(const xyz_op_3& op);
+xyz_list_3 rotations_of(const xyz_list_3& ops);
 
 // Text
+
+/// What reading an operator fails with.
+inline constexpr char malformed_xyzs_3[] = "Error loading symmetry xyz's";
+
+/// Writes a sum such as `-mx+my`: for each sign that isn't 0 the sign, a plus only behind another
+/// term, then `prefix`, unless it is NUL, and the letter. Gives whether there was any.
+bool write_terms(string_out& out, const int signs[3], char prefix, const char* letters);
+/// What write_xyz makes of a coefficient: -1 for -1, 1 for any other but 0.
+int sign_of_term(std::int64_t coefficient);
 
 /// Writes an operator on a new line behind a tab, and a blank behind it: `x-y, -y, -z-1/3 `. Of a
 /// coefficient only the sign shows, so a 2 would look like a 1; no setting of the catalogue has

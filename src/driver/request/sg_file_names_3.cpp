@@ -32,8 +32,7 @@ void sg_file_names_3::set_symbol(const char* text) {
     raw_symbol_.remove_chars("() ");
     if (raw_symbol_.is_empty()) fail_with("No Spacegroup");
     if (out_dir_.is_empty()) {
-        out_dir_ = data_dir();
-        out_dir_.append("sg");
+        out_dir_ = data_path("sg");
     }
     for (string_3* field : {&file_stem_, &sg_file_, &hkl_file_, &sg_path_, &hkl_path_,
                             &run_command_, &lower_symbol_}) {
@@ -93,7 +92,7 @@ const string_3& sg_file_names_3::hkl_path() { return in_out_dir(hkl_path_, hkl_f
 const string_3& sg_file_names_3::run_command() {
     if (run_command_.is_empty()) {
         string_out command;
-        command << '"' << data_dir() << "lomar6\" " << lower_symbol() << " -dir \"" << out_dir_
+        command << '"' << data_path("lomar6") << "\" " << lower_symbol() << " -dir \"" << out_dir_
                 << '"';
         run_command_ = command.text();
     }

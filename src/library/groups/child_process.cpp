@@ -55,7 +55,7 @@ string_3 local_name(const char* path) {
 const string_out& error_file_path() {
     static const string_out path = [] {
         string_out text;
-        text << data_dir() << "err.txt";
+        text << data_path("err.txt");
         return text;
     }();
     return path;

@@ -19,18 +19,13 @@ int rotated(const xyz_op_3& op, int row, const triple_3& v) {
     return static_cast<int>(sum);
 }
 
-// Appends the powers of g applied to the normalised x.
-int close_cycle(const xyz_op_3& g, xyz_op_3 x, xyz_list_3& ops) {
-    constexpr int most_cycle_products = 14;
+// Appends the powers of g applied to the normalised x, which is the last of them.
+int close_cycle(const xyz_op_3& g, xyz_op_3 x, xyz_list_3& ops, int most) {
     normalise(x);
-    xyz_op_3 product = x;
-    for (int i = 0; i < most_cycle_products; ++i) {
-        compose(product, g);
-        normalise(product);
-        ops.add(product);
-        if (same_as(product, x)) return 1;
-    }
-    return 0;
+    if (!append_cycle_3(ops, g, x, most)) return 0;
+    x.tag = 0;
+    ops.add(x);
+    return 1;
 }
 
 constexpr int most_powers = 24;
@@ -84,25 +79,20 @@ void add_rotated_triple(triple_3& out, const xyz_op_3& op, int x, int y, int z) 
 }
 
 int rotation_cycle(const xyz_op_3& g, xyz_op_3& h, xyz_list_3& ops) {
-    const xyz_op_3 generator = g;
-    const xyz_op_3 start = h;
-    for (int i = 0; i < most_powers; ++i) {
-        xyz_op_3 product = h;
-        compose(product, generator);
-        for (int row = 0; row < 3; ++row) product.trans(row) = 0;
-        ops.add(product);
-        if (same_rotation(product, start)) return 1;
-        h = product;
-    }
-    return 0;
+    const int first = ops.n;
+    const int result = close_cycle(rotation_of(g), rotation_of(h), ops, most_powers);
+    const int last = ops.last() - result;
+    if (last >= first) h = ops[last];
+    return result;
 }
 
 int close_cycles(const xyz_op_3& g, xyz_list_3& ops) {
+    constexpr int most_cycle_products = 14;
     const xyz_op_3 generator = g;
     if (ops.n == 0) ops.add(unit_op());
     const int n = ops.n;
     for (int i = 0; i < n; ++i) {
-        if (close_cycle(generator, ops[i], ops) == 0) return 0;
+        if (close_cycle(generator, ops[i], ops, most_cycle_products) == 0) return 0;
     }
     return 1;
 }

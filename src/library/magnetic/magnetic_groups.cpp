@@ -114,23 +114,16 @@ void add_centring_3(xyz_list_3& ops, char letter) {
 void write_moment_op(stream_out& stream, const xyz_op_3& op, char wrap, const char* prefix,
                      bool spaced) {
     const std::int64_t sign = std::int64_t{round_nearest(determinant(op))} * op.tag;
+    string_out text;
+    for (int i = 0; i < 3; ++i) {
+        int signs[3];
+        for (int c = 0; c < 3; ++c) signs[c] = sign_of_term(op.rot(i, c) * sign);
+        write_terms(text, signs, 'm', "xyz");
+        if (i < 2) text << ',';
+        if (spaced) text << ' ';
+    }
     if (prefix != nullptr) stream << prefix;
     if (wrap != ' ') stream << wrap;
-    for (int i = 0; i < 3; ++i) {
-        bool first = true;
-        for (int c = 0; c < 3; ++c) {
-            const std::int64_t coefficient = op.rot(i, c) * sign;
-            if (coefficient == 0) continue;
-            if (coefficient == -1) {
-                stream << '-';
-            } else if (!first) {
-                stream << '+';
-            }
-            stream << 'm' << "xyz"[c];
-            first = false;
-        }
-        if (i < 2) stream << ',';
-        if (spaced) stream << ' ';
-    }
+    stream << text.text();
     if (wrap != ' ') stream << wrap;
 }

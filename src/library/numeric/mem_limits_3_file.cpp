@@ -4,7 +4,6 @@
 #include "foundation/heap_3.h"
 #include "foundation/mem_limits_3.h"
 #include "foundation/platform.h"
-#include "foundation/string_out.h"
 #include "textin/data_dir.h"
 #include "textin/file_in.h"
 
@@ -38,9 +37,7 @@ std::uint64_t whole_bytes(double bytes) {
 
 void mem_limits_3::read_max_mem() {
     if (limit_bytes != no_limit) return;
-    string_out path;
-    path << data_dir() << "MaxMem.TXT";
-    file_in file(path.text(), file_in::open_now | file_in::load_text);
+    file_in file(data_path("MaxMem.TXT"), file_in::open_now | file_in::load_text);
     const double first = read_limit_number(file);
     const double second = read_limit_number(file);
     physical_gb = physical_memory_gb();
