@@ -7,16 +7,15 @@
 #include "textout/console.h"
 
 int main(int argc, char** argv) {
-    try {
+    const auto failure = failure_of([&] {
         const space_group_3 group = space_group_of(argc > 1 ? argv[1] : "");
         stream_out& console = console_stream();
         console << group.entry.symbol << " has the number " << group.entry.number << " and "
                 << group.ops.n << " operators:";
         for (const xyz_op_3& op : group.ops) write_xyz(console, op);
         console << '\n';
-    } catch (except_3* failure) {
-        std::fprintf(stderr, "Failed:%s\n", failure->text());
-        delete failure;
-        return 1;
-    }
+    });
+    if (failure == nullptr) return 0;
+    std::fprintf(stderr, "Failed:%s\n", failure->text());
+    return 1;
 }

@@ -11,7 +11,7 @@
 
 int main(int argc, char** argv) {
     if (argc != 3) return 1;
-    try {
+    const auto failure = failure_of([&] {
         const space_group_3 group = space_group_of(argv[1]);
         class_lists_3 classes;
         similar_hkls_3(group.ops, classes);
@@ -24,9 +24,8 @@ int main(int argc, char** argv) {
             std::printf("%3d %3d %3d  %d %s\n", rows[i].h, rows[i].k, rows[i].l,
                         rows[i].multiplicity, status[i] == 1 ? "present" : "absent");
         }
-    } catch (except_3* failure) {
-        std::fprintf(stderr, "Failed:%s\n", failure->text());
-        delete failure;
-        return 1;
-    }
+    });
+    if (failure == nullptr) return 0;
+    std::fprintf(stderr, "Failed:%s\n", failure->text());
+    return 1;
 }

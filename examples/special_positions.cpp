@@ -10,7 +10,7 @@
 #include "textout/console.h"
 
 int main(int argc, char** argv) {
-    try {
+    const auto failure = failure_of([&] {
         const space_group_3 group = space_group_of(argc > 1 ? argv[1] : "");
         stream_out& console = console_stream();
         write_special_positions(group.ops, console);
@@ -21,9 +21,8 @@ int main(int argc, char** argv) {
             for (const int i : set) write_xyz(console, group.ops[i]);
         }
         console << '\n';
-    } catch (except_3* failure) {
-        std::fprintf(stderr, "Failed:%s\n", failure->text());
-        delete failure;
-        return 1;
-    }
+    });
+    if (failure == nullptr) return 0;
+    std::fprintf(stderr, "Failed:%s\n", failure->text());
+    return 1;
 }

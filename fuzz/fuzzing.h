@@ -10,12 +10,8 @@
 /// Runs an action; a failure with a message is a clean end.
 template <typename Action>
 void run_cleanly(Action action) {
-    try {
-        action();
-    } catch (except_3* failure) {
-        if (failure->text()[0] != ' ') __builtin_trap();
-        delete failure;
-    }
+    const auto failure = failure_of(action);
+    if (failure && failure->text()[0] != ' ') __builtin_trap();
 }
 
 /// The input up to its first line feed, which goes with it.

@@ -58,11 +58,8 @@ static void print_factors(const char* group, const char* atoms_path, const char*
 
 int main(int argc, char** argv) {
     if (argc != 4) return 1;
-    try {
-        print_factors(argv[1], argv[2], argv[3]);
-    } catch (except_3* failure) {
-        std::fprintf(stderr, "Failed:%s\n", failure->text());
-        delete failure;
-        return 1;
-    }
+    const auto failure = failure_of([&] { print_factors(argv[1], argv[2], argv[3]); });
+    if (failure == nullptr) return 0;
+    std::fprintf(stderr, "Failed:%s\n", failure->text());
+    return 1;
 }

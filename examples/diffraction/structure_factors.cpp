@@ -33,11 +33,8 @@ static void print_factors(const char* symbol, const char* atoms_path) {
 
 int main(int argc, char** argv) {
     if (argc != 3) return 1;
-    try {
-        print_factors(argv[1], argv[2]);
-    } catch (except_3* failure) {
-        std::fprintf(stderr, "Failed:%s\n", failure->text());
-        delete failure;
-        return 1;
-    }
+    const auto failure = failure_of([&] { print_factors(argv[1], argv[2]); });
+    if (failure == nullptr) return 0;
+    std::fprintf(stderr, "Failed:%s\n", failure->text());
+    return 1;
 }

@@ -12,6 +12,7 @@ public:
     /// Works out the point group of a symbol with its lattice letter, such as `fd-3m:2`. Fails
     /// with " Invalid point group".
     void lookup(const char* symbol);
+    void lookup(const string_3& symbol) { lookup(symbol.data); }
 
     /// The point group that lookup found; a call that fails leaves it as it was.
     const string_3& normalised() const { return normalised_; }

@@ -21,8 +21,8 @@ sg_catalogue_entry_3 find_catalogue_entry(sg_file_names_3& names) {
     return find_entry(file.current(), names.lower_symbol().data);
 }
 
-sg_catalogue_entry_3 find_catalogue_entry(const data_text_3& catalogue, const char* key) {
-    return find_entry(catalogue.text(), key);
+sg_catalogue_entry_3 find_catalogue_entry(const data_text_3& catalogue, const string_3& key) {
+    return find_entry(catalogue.text(), key.data);
 }
 
 namespace {

@@ -30,4 +30,4 @@ struct sg_catalogue_entry_3 {
 sg_catalogue_entry_3 find_catalogue_entry(sg_file_names_3& names);
 
 /// The same for a name as it stands in the text of a catalogue.
-sg_catalogue_entry_3 find_catalogue_entry(const data_text_3& catalogue, const char* key);
+sg_catalogue_entry_3 find_catalogue_entry(const data_text_3& catalogue, const string_3& key);

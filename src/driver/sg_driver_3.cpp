@@ -31,10 +31,7 @@ constexpr char usage[] =
 void sg_driver_3::run(int argc, const char* const* argv) {
     try {
         args.set_up(argc, argv);
-        run_modes();
-    } catch (except_3* failure) {
-        report_failure(failure->text());
-        delete failure;
+        if (const auto failure = failure_of([&] { run_modes(); })) report_failure(failure->text());
     } catch (const std::bad_alloc&) {
         report_failure(" Out of memory");
     } catch (const std::exception& failure) {
@@ -61,7 +58,7 @@ void sg_driver_3::run_modes() {
     names.set_out_dir(dir == not_found ? "" : args.value_of(dir));
     if (!names.sg_file_exists()) generate_sg(names, decoder);
     if (const int i = args.find_arg("-compare"); i != not_found) compare_groups(args.value_of(i));
-    if (args.has("-hhh")) append_hhh_3(names.sg_path().data);
+    if (args.has("-hhh")) append_hhh_3(names.sg_path());
     if (const int i = args.find_arg("-hkl"); i != not_found) {
         const char* const last = args.value_of(i, 3);
         write_hkl_file_3(names.sg_path().data, names.hkl_path().data,
@@ -73,13 +70,13 @@ void sg_driver_3::run_modes() {
 void sg_driver_3::generate_sg(sg_file_names_3& group, sg_decoder_3& operators) {
     sg_catalogue_entry_3 entry = find_catalogue_entry(group);
     point_group_table_3 point_groups;
-    point_groups.lookup(entry.symbol.data);
+    point_groups.lookup(entry.symbol);
     entry.point_group = point_groups.normalised();
     file_out stream(group.sg_path());
     write_sg_banner(stream);
     entry.write_record(stream);
-    operators.set_computer_symbol(entry.computer_symbol.data);
-    operators.decode(entry.axes.data);
+    operators.set_computer_symbol(entry.computer_symbol);
+    operators.decode(entry.axes);
     if (args.has("-only_asym")) {
         move_identity_to_front(operators.ops);
         write_plain_xyzs(stream, operators.ops);
@@ -95,7 +92,7 @@ void sg_driver_3::compare_groups(const char* symbol) {
     sg_decoder_3 second;
     generate_sg(second_names, second);
     if (decoder.ops.n == 0) {  // it wasn't generated in this run
-        load_sg_file_xyzs_3(names.sg_path().data, decoder.ops);
+        load_sg_file_xyzs_3(names.sg_path(), decoder.ops);
         normalise_xyzs_3(decoder.ops);
     }
     sort_xyzs_3(second.ops);

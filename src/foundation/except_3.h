@@ -1,11 +1,13 @@
 #pragma once
 
+#include <memory>
+
 #include "foundation/memory.h"
 #include "foundation/string_3.h"
 #include "foundation/string_out.h"
 
-/// A failure: nothing but its message. Everything that fails throws an except_3*; the handler
-/// must delete it.
+/// A failure: nothing but its message. Everything that fails throws an except_3*; who
+/// catches it without failure_of must delete it.
 class except_3 final : public string_out {
 public:
     static void* operator new(std::size_t size) { return pooled_3::operator new(size); }
@@ -13,6 +15,19 @@ public:
         pooled_3::operator delete(pointer, size);
     }
 };
+
+/// Runs an action, and gives the failure that it ends in, or null. Other exceptions pass.
+///
+///     if (const auto failure = failure_of([&] { load(path); })) report(failure->text());
+template <typename Action>
+std::unique_ptr<except_3> failure_of(Action&& action) {
+    try {
+        action();
+    } catch (except_3* failure) {
+        return std::unique_ptr<except_3>(failure);
+    }
+    return nullptr;
+}
 
 /// Composes a message and throws it:
 ///

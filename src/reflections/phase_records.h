@@ -68,3 +68,29 @@ struct mag_weight_3 {
 class B_sum_into_mag_3;
 using moment_list_3 = list_0_3<moment_3>;
 using mag_entry_list_3 = list_0_3<const B_sum_into_mag_3*>;
+
+/// The translation sums of a list of reflections, and for each group of operators the kernels that
+/// go with them.
+struct kernel_tables_3 {
+    sum_list_3 sum_records;          ///< all different
+    list_0_3<int_list_3> sum_index;  ///< for each group and reflection a place in sum_records
+    list_0_3<kernel_pair_3<out_kernel_3>> rotate_out;
+    list_0_3<kernel_pair_3<out_t_kernel_3>> rotate_out_t;
+    list_0_3<kernel_pair_3<out_kernel_3>> phase_out;
+    list_0_3<kernel_pair_3<out_t_kernel_3>> phase_out_t;
+    list_0_3<out_kernel_3> phase_add;
+    list_0_3<out_t_kernel_3> phase_add_t;
+    list_0_3<rotate_kernel_3> rotate;
+    list_0_3<rotate_t_kernel_3> rotate_t;
+};
+
+/// What magnetic sums know of each group of operators.
+struct moment_tables_3 {
+    list_0_3<int_list_3> mag_members;  ///< the operators of a group but for those with a tag of 2
+    list_0_3<int_list_3> mag_kinds;    ///< what they are in their entry: 0 alone, 1 one of two with
+                                       ///< the same tag, 2 the first and 3 the second of two with
+                                       ///< different tags
+    list_0_3<list_0_3<mag_weight_3>> mag_weights;  ///< what they weigh
+    moment_list_3 axis_moments[3];                 ///< empty until asked for
+    mag_entry_list_3 axis_entries[3];
+};

@@ -34,13 +34,7 @@ void sg_phase_sum_3::set_up(const xyz_list_3& ops_) { fold(ops_, nullptr); }
 void sg_phase_sum_3::fold(const xyz_list_3& ops_, magnetic_steps* magnetic) {
     ops = &ops_;
     flags = 0;
-    mag_members.clear();
-    mag_kinds.clear();
-    mag_weights.clear();
-    for (int axis = 0; axis < 3; ++axis) {
-        axis_moments[axis].clear();
-        axis_entries[axis].clear();
-    }
+    static_cast<moment_tables_3&>(*this) = {};
     xyz_list_3 sorted(ops_);
     normalise_xyzs_3(sorted);
     int_list_3 index;

@@ -26,7 +26,7 @@ using phase_list_3 = list_0_3<phase_triple_3>;
 /// angle of an operator's negative is its own but for the sign, so the two are kept as one entry.
 /// All entries with one rotation are a group: for them an angle is computed once, and what their
 /// translations add to it is looked up.
-class sg_phase_sum_3 {
+class sg_phase_sum_3 : public kernel_tables_3, public moment_tables_3 {
 public:
     static constexpr int has_unpaired = 1;  ///< flag: structure factors may be complex
     static constexpr int all_paired = 2;    ///< flag: no operator is alone in its entry
@@ -89,25 +89,6 @@ public:
     list_0_3<triple_3> rows;        ///< of all rotations, each once
     list_0_3<triple_3> group_rows;  ///< which three of them are the group's rotation
     int flags = 0;
-
-    sum_list_3 sum_records;          ///< all different
-    list_0_3<int_list_3> sum_index;  ///< for each group and reflection a place in sum_records
-    list_0_3<kernel_pair_3<out_kernel_3>> rotate_out;  ///< for each group, as all that follow
-    list_0_3<kernel_pair_3<out_t_kernel_3>> rotate_out_t;
-    list_0_3<kernel_pair_3<out_kernel_3>> phase_out;
-    list_0_3<kernel_pair_3<out_t_kernel_3>> phase_out_t;
-    list_0_3<out_kernel_3> phase_add;
-    list_0_3<out_t_kernel_3> phase_add_t;
-    list_0_3<rotate_kernel_3> rotate;
-    list_0_3<rotate_t_kernel_3> rotate_t;
-
-    list_0_3<int_list_3> mag_members;  ///< the operators of a group but for those with a tag of 2
-    list_0_3<int_list_3> mag_kinds;    ///< what they are in their entry: 0 alone, 1 one of two with
-                                       ///< the same tag, 2 the first and 3 the second of two with
-                                       ///< different tags
-    list_0_3<list_0_3<mag_weight_3>> mag_weights;  ///< what they weigh
-    moment_list_3 axis_moments[3];                 ///< empty until asked for
-    mag_entry_list_3 axis_entries[3];
 
 private:
     // What the set-up finds beside the groups when the operators carry signs.

@@ -25,3 +25,4 @@ void add_similar_hkls_3(const xyz_list_3& ops, stream_out& stream);
 /// Adds the lists to a .sg file that was made without. Fails with
 /// " hhh details already in *.sg file" for one with lists.
 void append_hhh_3(const char* sg_path);
+inline void append_hhh_3(const string_3& sg_path) { append_hhh_3(sg_path.data); }

@@ -119,11 +119,10 @@ void load_sg_file_xyzs_3(const char* sg_path, xyz_list_3& ops) {
 }
 
 int has_hkl_section_3(const char* path) {
-    try {
+    int found = 0;
+    failure_of([&] {
         file_in file(path, file_in::data_file);
-        return file.find_tag("hkl", 0);
-    } catch (except_3* failure) {
-        delete failure;
-        return 0;
-    }
+        found = file.find_tag("hkl", 0);
+    });
+    return found;
 }

@@ -21,6 +21,9 @@ void load_hkl_ops_3(sstring_in& in, xyz_list_3& ops);
 
 /// As load_xyzs_3, from a file.
 void load_sg_file_xyzs_3(const char* sg_path, xyz_list_3& ops);
+inline void load_sg_file_xyzs_3(const string_3& sg_path, xyz_list_3& ops) {
+    load_sg_file_xyzs_3(sg_path.data, ops);
+}
 
 /// 1 if the file has a section of similar reflections; 0 if not, or if it can't be read.
 int has_hkl_section_3(const char* path);

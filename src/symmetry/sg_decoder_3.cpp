@@ -79,8 +79,8 @@ void sg_decoder_3::decode(const char* axes) {
     finish(rotation_catalogue());
 }
 
-void sg_decoder_3::decode(const char* axes, const rotation_catalogue_3& rotations) {
-    start(axes);
+void sg_decoder_3::decode(const string_3& axes, const rotation_catalogue_3& rotations) {
+    start(axes.data);
     finish(rotations);
 }
 

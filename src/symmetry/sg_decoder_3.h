@@ -22,6 +22,7 @@ class sg_decoder_3 {
 public:
     /// Says which group it is. Upper case is as good as lower case.
     void set_computer_symbol(const char* text);
+    void set_computer_symbol(const string_3& text) { set_computer_symbol(text.data); }
 
     /// Works out `ops`: normalised, sorted, none twice, and without the centring copies. `axes`
     /// names the old axis for each new one, and has an `m` where the two point in opposite
@@ -29,9 +30,10 @@ public:
     /// " Length of computer adapted space group symbol invalid", " Bad lattice_type",
     /// " Bad crystal_system" and the failures of generator_powers.
     void decode(const char* axes);
+    void decode(const string_3& axes) { decode(axes.data); }
 
     /// The same with the matrices of a catalogue in memory.
-    void decode(const char* axes, const rotation_catalogue_3& rotations);
+    void decode(const string_3& axes, const rotation_catalogue_3& rotations);
 
     /// Writes the xyzs section of a .sg file with the centred operators, and adds those to the
     /// list, which is sorted afterwards.

@@ -7,7 +7,7 @@ data_text_3::data_text_3(const char* begin, int length) : contents(length + 1) {
     blank_for_reading(contents.p, length, file_in::data_file);
 }
 
-data_text_3::data_text_3(const char* path) {
+data_text_3::data_text_3(const string_3& path) {
     const file_in file(path, file_in::data_file);
     contents << file.current();
 }

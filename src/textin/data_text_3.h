@@ -1,5 +1,6 @@
 #pragma once
 
+#include "foundation/string_3.h"
 #include "foundation/string_out.h"
 
 /// The text of a data file that a program has in memory. Readers take it in the place of the file,
@@ -10,7 +11,7 @@ public:
     /// needs none at its end. Fails with " Unclosed comment block".
     data_text_3(const char* begin, int length);
     /// Reads a file; fails as file_in does.
-    explicit data_text_3(const char* path);
+    explicit data_text_3(const string_3& path);
 
     /// What there is to read, up to a NUL.
     const char* text() const { return contents.text(); }

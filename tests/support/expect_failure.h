@@ -9,13 +9,7 @@
 /// The message of the failure that an action ends in, if it does.
 template <typename Action>
 std::optional<std::string> message_of(Action&& action) {
-    try {
-        action();
-    } catch (except_3* failure) {
-        std::string message = failure->text();
-        delete failure;
-        return message;
-    }
+    if (const auto failure = failure_of(action)) return failure->text();
     return std::nullopt;
 }
 

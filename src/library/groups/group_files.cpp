@@ -37,7 +37,7 @@ void load_group_xyzs_3(xyz_list_3& ops, string_3& path, const char* symbol) {
     for (int i = 0; i < tries; ++i) {
         if (names.sg_file_exists()) {
             console_stream() << "Loading xyz's for " << symbol << " from file " << path << '\n';
-            return load_sg_file_xyzs_3(path.data, ops);
+            return load_sg_file_xyzs_3(path, ops);
         }
         generate_missing_sg(names, symbol);
     }

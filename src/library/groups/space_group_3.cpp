@@ -19,11 +19,11 @@ space_group_3 make_group(const sg_catalogue_entry_3& entry, const rotation_catal
     space_group_3 group;
     group.entry = entry;
     point_group_table_3 point_groups;
-    point_groups.lookup(entry.symbol.data);
+    point_groups.lookup(entry.symbol);
     group.entry.point_group = point_groups.normalised();
     sg_decoder_3 decoder;
-    decoder.set_computer_symbol(entry.computer_symbol.data);
-    decoder.decode(entry.axes.data, rotations);
+    decoder.set_computer_symbol(entry.computer_symbol);
+    decoder.decode(entry.axes, rotations);
     group.ops.take(decoder.ops);
     add_centring_copies(group.ops, decoder.computer_symbol.data[0]);
     sort_xyzs_3(group.ops);
@@ -39,14 +39,14 @@ space_group_3 space_group_of(const char* symbol) {
 }
 
 space_groups_3::space_groups_3()
-    : catalogue(catalogue_path().data), rotations(data_path("sgrots3.txt").data) {}
+    : catalogue(catalogue_path()), rotations(data_text_3(data_path("sgrots3.txt"))) {}
 
 space_groups_3::space_groups_3(const data_text_3& catalogue_, const data_text_3& rotations_)
     : catalogue(catalogue_), rotations(rotations_) {}
 
 space_group_3 space_groups_3::find(const char* symbol) const {
     sg_file_names_3 names = names_of(symbol);
-    return group_of(find_catalogue_entry(catalogue, names.lower_symbol().data));
+    return group_of(find_catalogue_entry(catalogue, names.lower_symbol()));
 }
 
 space_group_3 space_groups_3::group_of(const sg_catalogue_entry_3& entry) const {
