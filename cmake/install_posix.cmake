@@ -1,4 +1,4 @@
-# The tool, the library with its headers and its CMake package, the data files and the documents.
+# The programs, the library with its headers and its CMake package, the data files and the documents.
 
 include(CMakePackageConfigHelpers)
 set(package_dir "${CMAKE_INSTALL_LIBDIR}/cmake/lomar6")
@@ -9,6 +9,12 @@ file(GLOB doc_files CONFIGURE_DEPENDS
 
 if(TARGET lomar6)
     install(TARGETS lomar6 RUNTIME DESTINATION "${CMAKE_INSTALL_BINDIR}")
+endif()
+if(TARGET lomar)
+    install(TARGETS lomar RUNTIME DESTINATION "${CMAKE_INSTALL_BINDIR}")
+    install(FILES docs/lomar.1 DESTINATION "${CMAKE_INSTALL_MANDIR}/man1")
+    install(FILES completion/lomar.bash RENAME lomar
+        DESTINATION "${CMAKE_INSTALL_DATADIR}/bash-completion/completions")
 endif()
 install(TARGETS lomar6_core EXPORT lomar6_targets ARCHIVE DESTINATION "${CMAKE_INSTALL_LIBDIR}")
 install(DIRECTORY src/ DESTINATION "${CMAKE_INSTALL_INCLUDEDIR}/lomar6"

@@ -1,5 +1,8 @@
-# One folder with the program, its data files and a page on how to use it.
+# One folder with the programs, its data files and a page on how to use it.
 
 install(TARGETS lomar6 RUNTIME DESTINATION .)
+if(TARGET lomar)
+    install(TARGETS lomar RUNTIME DESTINATION .)
+endif()
 install(FILES ${data_files} DESTINATION .)
 install(FILES docs/windows.md DESTINATION . RENAME README.md)

@@ -50,6 +50,13 @@ need_compiler() {
     need g++:g++ cmake:cmake "$build_tool" "$@"
 }
 
+# What lomar takes besides.
+need_explorer_libraries() {
+    need /usr/include/CLI/CLI.hpp:libcli11-dev /usr/include/fmt/core.h:libfmt-dev \
+        /usr/include/nlohmann/json.hpp:nlohmann-json3-dev \
+        /usr/include/gemmi/cif.hpp:gemmi-dev /usr/include/tao/pegtl.hpp:tao-pegtl-dev
+}
+
 need_cross_compiler() {
     need_compiler x86_64-w64-mingw32-g++-posix:g++-mingw-w64-x86-64-posix
 }

@@ -6,6 +6,8 @@
   and scattering.
 - An include in quotes is the path from src/ of a header that is there.
 - Headers of an operating system, and conditions on one, stand in the platform files alone.
+- A file under explorer/ includes only files of its own room and of rooms below it; the library is
+  for the adapter alone, and each of the further libraries for the rooms that it is there for.
 - A source defines members of classes that it or its own header declares, and of the class that its
   name begins with.
 - Every header begins with #pragma once, and headers don't include each other in a circle.
@@ -24,6 +26,14 @@ LAYERS = [["foundation"], ["textin"], ["textout"], ["driver/request"], ["catalog
 LEVELS = {layer: level for level, row in enumerate(LAYERS) for layer in row}
 SIDEWAYS = {("library/magnetic", "library/groups"), ("library/magnetic", "library/scattering")}
 PLATFORM_FILES = {"foundation/platform_posix.cpp", "foundation/platform_windows.cpp"}
+
+# The rooms of lomar, from the ground up.
+ROOMS = ["group", "analysis", "formats", "drawing", "page", "command"]
+LIBRARY_USERS = {"group/library_adapter.cpp"}
+EXPLORER_PLATFORM_FILES = {"command/system_posix.cpp", "command/system_windows.cpp"}
+# Which rooms use which further libraries.
+FURTHER = {"CLI": {"command"}, "nlohmann": {"formats", "page", "command"}, "gemmi": {"formats"},
+           "tao": set(), "fmt": set(ROOMS)}
 
 INCLUDE = re.compile(r'\s*#\s*include\s*([<"])([^>"]*)[>"]')
 CONDITION = re.compile(r"\s*#\s*(?:if|ifdef|ifndef|elif)\b(.*)")
@@ -93,6 +103,41 @@ def check_source(src, path, headers, graph):
                 yield f"{place}: {layer} must not include {layer_of(used)} ({used})"
 
 
+def check_explorer_source(explorer, path, headers, src_headers, graph):
+    """Yields the faults of one file under explorer/ and enters its includes into the graph."""
+    room = layer_of(path)
+    if room not in ROOMS:
+        yield f"explorer/{path}:1: {room}/ is no room"
+        return
+    for number, line in directives(explorer / path):
+        place = f"explorer/{path}:{number}"
+        condition = CONDITION.match(line)
+        macro = condition and SYSTEM_MACRO.search(condition.group(1))
+        if macro and path not in EXPLORER_PLATFORM_FILES:
+            yield f"{place}: condition on {macro.group()} outside the platform files"
+        include = INCLUDE.match(line)
+        if not include:
+            continue
+        quote, used = include.groups()
+        further = used.partition("/")[0]
+        if SYSTEM_HEADER.fullmatch(used) and path not in EXPLORER_PLATFORM_FILES:
+            yield f"{place}: <{used}> outside the platform files"
+        elif quote == "<" and further in FURTHER and room not in FURTHER[further]:
+            yield f"{place}: {room} must not include <{used}>"
+        elif quote == "<":
+            if used in headers or used in src_headers:
+                yield f"{place}: {used} belongs in quotes"
+        elif used in src_headers:
+            if path not in LIBRARY_USERS:
+                yield f"{place}: the library is for the adapter alone ({used})"
+        elif used not in headers:
+            yield f"{place}: no such header: explorer/{used}"
+        else:
+            graph.setdefault(path, []).append(used)
+            if layer_of(used) in ROOMS and ROOMS.index(layer_of(used)) > ROOMS.index(room):
+                yield f"{place}: {room} must not include {layer_of(used)} ({used})"
+
+
 def check_members(src, path):
     """Yields a line for each member that this source shouldn't define."""
     text = strip_comments(src / path)
@@ -123,14 +168,30 @@ def circle_from(path, graph, done, road):
     return None
 
 
+def sources_of(folder):
+    """The paths, from the folder, of the sources and headers in it, and the headers by themselves."""
+    files = sorted(f for f in folder.rglob("*") if f.suffix in (".h", ".cpp"))
+    paths = [f.relative_to(folder).as_posix() for f in files]
+    return paths, {p for p in paths if p.endswith(".h")}
+
+
+def circles(name, headers, graph):
+    """Yields a fault for each circle of includes."""
+    done = set()
+    for path in sorted(headers):
+        circle = circle_from(path, graph, done, [])
+        if circle:
+            yield f"{name}/{circle[0]}:1: circle of includes: {' -> '.join(circle)}"
+
+
 def main():
     root = Path(__file__).resolve().parent.parent
     src = root / "src"
-    files = sorted(f for f in src.rglob("*") if f.suffix in (".h", ".cpp"))
-    paths = [f.relative_to(src).as_posix() for f in files]
-    headers = {p for p in paths if p.endswith(".h")}
-    if not paths:
-        print("src/: no sources")
+    explorer = root / "explorer"
+    paths, headers = sources_of(src)
+    explorer_paths, explorer_headers = sources_of(explorer)
+    if not paths or not explorer_paths:
+        print("no sources")
         return 1
 
     faults = []
@@ -139,19 +200,19 @@ def main():
         faults += check_source(src, path, headers, graph)
         if path.endswith(".cpp"):
             faults += check_members(src, path)
+    faults += circles("src", headers, graph)
+    explorer_graph = {}
+    for path in explorer_paths:
+        faults += check_explorer_source(explorer, path, explorer_headers, headers, explorer_graph)
+    faults += circles("explorer", explorer_headers, explorer_graph)
 
-    done = set()
-    for path in sorted(headers):
-        circle = circle_from(path, graph, done, [])
-        if circle:
-            faults.append(f"src/{circle[0]}:1: circle of includes: {' -> '.join(circle)}")
-
-    for folder in ("src", "tests", "bench", "fuzz"):
+    for folder in ("src", "explorer", "tests", "bench", "fuzz"):
         for header in sorted((root / folder).rglob("*.h")):
             if not re.search(r"^#pragma once$", header.read_text(errors="replace"), re.MULTILINE):
                 faults.append(f"{header.relative_to(root).as_posix()}:1: no #pragma once")
 
-    print("\n".join(faults) or f"check_includes: {len(paths)} files are in order")
+    n_files = len(paths) + len(explorer_paths)
+    print("\n".join(faults) or f"check_includes: {n_files} files are in order")
     return 1 if faults else 0
 
 

@@ -84,10 +84,10 @@ void run_command(command& which, const std::vector<std::string>& arguments) {
     std::string path;
     std::string format(which.formats().front());
     which.declare(app);
-    app.set_help_flag("-h,--help", "Print this help and end");
-    app.add_option("-o,--output", path, "The file to write; else standard output")
+    app.set_help_flag("-h,--help", "print this help and end");
+    app.add_option("-o,--output", path, "the file to write; else standard output")
         ->type_name("FILE");
-    app.add_option("--format", format, "One of: " + names_of_formats(which))->type_name("F");
+    app.add_option("--format", format, "one of: " + names_of_formats(which))->type_name("F");
     if (!parse(app, which, arguments)) return print(app.help());
     if (path.empty() && app.count("-o") > 0) throw usage_error("-o lacks the name of a file");
     check_format(which, format);

@@ -2,21 +2,22 @@
 
 #include "command/command.h"
 #include "formats/operator_files.h"
-#include "formats/text_layout.h"
-#include "group/names.h"
+#include "formats/show_json.h"
+#include "formats/show_text.h"
 
 namespace lomar {
 
 namespace {
 
-std::string answer_of(const space_group& group, const output& out) {
+std::string answer_of(named_group named, const output& out) {
     const std::string& format = out.format();
-    if (format == "xyz") return xyz_lines(group);
-    if (format == "cif") return cif_block(group);
-    if (format == "shelx") return shelx_cards(group);
-    if (format == "sg") return sg_file(group);
-    if (format == "csv") return csv_operators(group);
-    return bold(group.name, out.colour()) + "\n\n" + xyz_lines(group);
+    if (format == "xyz") return xyz_lines(named.group);
+    if (format == "cif") return cif_block(named.group);
+    if (format == "shelx") return shelx_cards(named.group);
+    if (format == "sg") return sg_file(named.group);
+    if (format == "csv") return csv_operators(named.group);
+    const group_report report = report_of(std::move(named));
+    return format == "json" ? json_text(show_json(report)) : show_text(report, out.colour());
 }
 
 class show_command : public command {
@@ -26,14 +27,14 @@ public:
         return "everything about a group: names, class, operators, conditions, positions";
     }
     std::vector<std::string_view> formats() const override {
-        return {"text", "xyz", "cif", "shelx", "sg", "csv"};
+        return {"text", "json", "xyz", "cif", "shelx", "sg", "csv"};
     }
 
     void declare(CLI::App& app) override {
         app.add_option("SYMBOL", symbol, "the name of a group, such as P21/c")->required();
     }
 
-    void run(output& out) override { out.write(answer_of(resolve_symbol(symbol).group, out)); }
+    void run(output& out) override { out.write(answer_of(resolve_symbol(symbol), out)); }
 
 private:
     std::string symbol;

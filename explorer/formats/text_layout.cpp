@@ -6,8 +6,6 @@ namespace lomar {
 
 namespace {
 
-constexpr std::size_t name_width = 16;
-
 void end_line(std::string& text) {
     text.erase(text.find_last_not_of(' ') + 1);
     text += '\n';
@@ -16,7 +14,7 @@ void end_line(std::string& text) {
 }  // namespace
 
 std::string wrapped(std::string_view name, const std::vector<std::string>& items,
-                    std::string_view separator) {
+                    std::string_view separator, std::size_t name_width) {
     std::string text;
     std::string line(name);
     line.resize(std::max(name_width, name.size() + 1), ' ');

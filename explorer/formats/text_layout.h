@@ -9,10 +9,10 @@ namespace lomar {
 /// Columns of a terminal.
 inline constexpr std::size_t text_width = 80;
 
-/// A name, padded to 16 columns, and items with the separator between them, in as many lines as
+/// A name, padded to some columns, and items with the separator between them, in as many lines as
 /// they need; an item is never broken. Nothing if there are no items.
 std::string wrapped(std::string_view name, const std::vector<std::string>& items,
-                    std::string_view separator = ", ");
+                    std::string_view separator = ", ", std::size_t name_width = 16);
 
 /// Rows whose columns stand below each other, two blanks apart, behind an indent of two.
 std::string table_text(const std::vector<std::vector<std::string>>& rows);

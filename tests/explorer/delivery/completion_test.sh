@@ -29,8 +29,8 @@ expect "--help --version" --
 expect "json" show P1 --format j
 expect "xyz" show --format x
 expect "--format" show P1 --f
-expect "file.cif" show P1 -o fi
-expect "file.cif" identify f
+expect "file.cif" show P1 -o "fi"
+expect "file.cif" identify "f"
 expect "" show nothing_such_as
 if [[ $(complete -p lomar) != *"-F _lomar lomar" ]]; then
     echo "the completion is not registered" >&2

@@ -1,9 +1,11 @@
 #include "formats/operator_files.h"
 
 #include <gtest/gtest.h>
+#include <set>
 
 #include "driver/sg_driver_3.h"
 #include "formats/csv.h"
+#include "formats/readers.h"
 #include "support/scratch_dir.h"
 
 namespace {
@@ -11,6 +13,32 @@ namespace {
 using namespace lomar;
 
 const space_group group_named(std::string_view name) { return group_of(*find_setting(name)); }
+
+std::set<symop> read_back(const std::string& text, const char* kind) {
+    const operator_input input = read_operators(text);
+    EXPECT_EQ(input.from, kind);
+    std::set<symop> result;
+    for (const given_operator& op : input.blocks.at(0).operators)
+        result.insert({to_integers(op.rot), modulo_one(op.trans), op.time});
+    EXPECT_EQ(result.size(), input.blocks[0].operators.size());
+    return result;
+}
+
+TEST(operator_formats, are_read_back_for_every_setting) {
+    for (const setting& row : settings()) {
+        SCOPED_TRACE(row.name());
+        const space_group group = group_of(row);
+        const std::set<symop> expected(group.operators.begin(), group.operators.end());
+        EXPECT_EQ(read_back(xyz_lines(group), "xyz"), expected);
+        EXPECT_EQ(read_back(shelx_cards(group), "shelx"), expected);
+        EXPECT_EQ(read_back(sg_file(group), "sg"), expected);
+        EXPECT_EQ(read_back(cif_block(group), "cif"), expected);
+        const operator_block block = read_operators(cif_block(group)).blocks.at(0);
+        EXPECT_EQ(block.number, row.number);
+        EXPECT_EQ(block.symbol, row.name());
+        EXPECT_EQ(block.hall, row.hall);
+    }
+}
 
 TEST(sg_format, has_the_bytes_of_lomar6_for_every_setting) {
     const scratch_dir scratch;

@@ -1,0 +1,14 @@
+#pragma once
+
+#include "formats/group_report.h"
+#include "formats/json.h"
+
+namespace lomar {
+
+/// Adds what a group is called: from "name" to "schoenflies".
+void add_names(json& object, const space_group& group);
+
+/// The object of `lomar show`. Its keys are always there; what does not apply is null.
+json show_json(const group_report& report);
+
+}  // namespace lomar
