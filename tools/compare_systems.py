@@ -15,6 +15,8 @@ import tempfile
 from pathlib import Path
 
 ROOT = Path(__file__).resolve().parent.parent
+# Bytes that one of the systems treats in its own way on the way to a program.
+SPECIAL_BYTES = "\x01\t\n\"'\\*?%^&<>|"
 INPUTS = {
     "pair.txt": "symmetry { -x,-y,-z; x,1/2-y,1/2+z; }",
     "cubic.txt": "symmetry { z,x,y /* the threefold axis */; y,x,-z; -x,-y,z+1/2; x,y,z; }",
@@ -68,6 +70,7 @@ def main():
     runs += [[symbol, "-compare", symbol] for symbol in names[::60]]
     runs += [["-bill", name] for name in INPUTS]
     runs += BAD_RUNS
+    runs += [[start + byte] for byte in SPECIAL_BYTES for start in ("", "P9")]
     differences = 0
     with tempfile.TemporaryDirectory() as name:
         folder = Path(name)

@@ -14,12 +14,12 @@ namespace {
 
 TEST(CrystalSystem, OfEverySetting) {
     constexpr int last_numbers[] = {2, 15, 74, 142, 167, 194, 230};
-    for (const setting& row : read_settings()) {
+    for_each_setting([&](const setting& row) {
         int system = 0;
         while (row.number > last_numbers[system]) ++system;
         const int found = crystal_system_of_3(xyz_list_of(row.operators));
         EXPECT_EQ(crystal_system_letters_3[found], "amotrhc"[system]) << row.symbol;
-    }
+    });
     for (const char* ops : {"", "x,y,z;-x,-y,z;x,-y,-z", "x+y,y,z", "x+y,x,z"}) {
         EXPECT_FAILURE(crystal_system_of_3(xyz_list_of(ops)),
                        " Cannot find Crystal System from xyz's");
@@ -33,10 +33,10 @@ TEST(LatticeType, Letters) {
     EXPECT_EQ(lattice_letter_3(r), 'r');
     // Only some of the operators have a partner.
     EXPECT_EQ(lattice_letter_3(xyz_list_of("-x,-y,z;-x,-y+1/2,z+1/2;x,y,z")), 'p');
-    for (const setting& row : read_settings()) {
+    for_each_setting([&](const setting& row) {
         const int letter = row.choice == "R" ? 'p' : std::tolower(row.centring);
         EXPECT_EQ(lattice_letter_3(xyz_list_of(row.operators)), letter) << row.symbol << row.choice;
-    }
+    });
 }
 
 // The two conditions together let a reflection exist exactly if every centring vector scatters in

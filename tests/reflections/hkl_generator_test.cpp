@@ -23,7 +23,7 @@ std::map<hkl, int> rows_of(const std::string& sg_text, const hkl& limits) {
 
 TEST(HklGenerator, EverySettingByTheDefinition) {
     const scratch_dir dir;
-    for (const setting& row : read_settings()) {
+    for_each_setting([&](const setting& row) {
         const std::string text = sg_text_of(row.operators);
         const std::vector<op_array> ops(row.group.begin(), row.group.end());
         for (const hkl& limits : {hkl{4, 4, 4}, {1, 2, 5}, {3, 0, 2}, {0, 3, 1}}) {
@@ -41,7 +41,7 @@ TEST(HklGenerator, EverySettingByTheDefinition) {
             ASSERT_EQ(rows, orbits_within(ops, limits).present)
                 << row.symbol << ' ' << row.choice << " limits " << testing::PrintToString(limits);
         }
-    }
+    });
 }
 
 TEST(HklGenerator, WorkedLists) {

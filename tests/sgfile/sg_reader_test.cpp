@@ -4,11 +4,9 @@
 #include <gtest/gtest.h>
 #include <string>
 
-#include "reflections/hkl_classes.h"
 #include "support/expect_failure.h"
 #include "support/operators.h"
 #include "support/scratch_dir.h"
-#include "textin/file_in.h"
 
 namespace {
 
@@ -79,6 +77,8 @@ TEST(SgReader, Blocks) {
     EXPECT_EQ(arrays_of(ops), arrays_of(xyz_list_of("x,y,z;y,x,z"))) << "appends";
     in.set_text("xyzs{ x,y,z\n}");
     EXPECT_FAILURE(load_xyzs_3(in, ops), " Cannot find: xyzs");
+    in.set_text("xyzs x,y,z\n}");
+    EXPECT_FAILURE(load_xyzs_3(in, ops), " Cannot find { in stream sstring_in");
 }
 
 TEST(SgReader, ReflectionOperators) {
@@ -114,31 +114,6 @@ TEST(SgReader, FindsTheReflectionSection) {
         write_file("a.sg", text);
         EXPECT_EQ(has_hkl_section_3("a.sg"), 1) << text;
     }
-}
-
-// A complete file cut off at every byte ends in a list or in one of the known messages.
-TEST(SgReader, CutOffAnywhere) {
-    const scratch_dir dir;
-    const std::string whole = read_file(GOLDEN_DIR "/c2oc.sg");
-    std::set<std::string> known = {"complete", " Cannot find: xyzs", bad_xyzs, bad_hkls,
-                                   " Cannot find { in stream cut.sg"};
-    for (const char* name : {"hkl", "hk0", "h0l", "0kl", "h00", "0k0", "00l"}) {
-        known.insert(std::string(" Cannot find: ") + name);
-    }
-    std::set<std::string> seen;
-    for (std::size_t n = 0; n <= whole.size(); ++n) {
-        write_file("cut.sg", whole.substr(0, n));
-        file_in file("cut.sg", file_in::data_file);
-        xyz_list_3 ops;
-        class_lists_3 classes;
-        const auto message = message_of([&] {
-            load_xyzs_3(file, ops);
-            load_hkl_classes_3(file, classes);
-        });
-        EXPECT_TRUE(message || ops.n == 8);
-        seen.insert(message.value_or("complete"));
-    }
-    EXPECT_EQ(seen, known);
 }
 
 }  // namespace

@@ -2,6 +2,7 @@
 
 #include <array>
 #include <fstream>
+#include <gtest/gtest.h>
 #include <set>
 #include <sstream>
 #include <stdexcept>
@@ -124,4 +125,13 @@ inline std::vector<setting> read_settings() {
         settings.push_back(row);
     }
     return settings;
+}
+
+/// Runs a check for each setting; a failure names it.
+template <typename Check>
+void for_each_setting(Check check) {
+    for (const setting& row : read_settings()) {
+        SCOPED_TRACE(row.symbol + ' ' + row.choice);
+        check(row);
+    }
 }

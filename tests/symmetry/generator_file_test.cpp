@@ -106,25 +106,6 @@ TEST(CyclicPowers, Orders) {
     }
 }
 
-// The operators of each group as a generator file: they come back as they are, and the powers of
-// each stay in the group and end with its unit.
-TEST_F(GeneratorFile, EverySetting) {
-    for (const setting& row : read_settings()) {
-        SCOPED_TRACE(row.symbol + ' ' + row.choice);
-        const std::vector<op_array> gens = generators_of("symmetry {" + row.operators + "}");
-        ASSERT_EQ(gens, arrays_of(xyz_list_of(row.operators)));
-        for (const op_array& op : gens) {
-            xyz_list_3 list;
-            cyclic_powers(list, xyz_op_of(op));
-            const std::vector<op_array> powers = arrays_of(list);
-            const std::set<op_array> distinct(powers.begin(), powers.end());
-            EXPECT_EQ(distinct.size(), powers.size());
-            EXPECT_EQ(powers.back(), op_of("x,y,z"));
-            for (const op_array& power : powers) EXPECT_TRUE(row.group.contains(power));
-        }
-    }
-}
-
 TEST_F(GeneratorFile, Tables) {
     const std::string head = "\n\t                                  Order  Det\n";
     const struct {

@@ -101,8 +101,7 @@ TEST(XyzOp, Texts) {
 // Facts of group theory for every operator of every setting.
 TEST(XyzOp, AlgebraInEverySetting) {
     const op_array identity = op_of("x,y,z");
-    for (const setting& row : read_settings()) {
-        SCOPED_TRACE(row.symbol);
+    for_each_setting([&](const setting& row) {
         ASSERT_TRUE(row.group.contains(identity));
         const xyz_op_3 first = xyz_op_of(*row.group.begin());
         for (const op_array& array : row.group) {
@@ -128,7 +127,7 @@ TEST(XyzOp, AlgebraInEverySetting) {
             normalise(back);
             ASSERT_EQ(array_of(back), array);
         }
-    }
+    });
 }
 
 TEST(XyzOp, BadMatrices) {

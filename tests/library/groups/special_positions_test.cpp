@@ -33,8 +33,7 @@ using point = std::array<int, 3>;  // in twelfths of the edges
 // A point is special if an operator besides the identity leaves it in place. Each special point of
 // the grid is the image of exactly one of those that are written, and none comes before that one.
 TEST(SpecialPositions, EverySetting) {
-    for (const setting& row : read_settings()) {
-        SCOPED_TRACE(row.symbol + ' ' + row.choice);
+    for_each_setting([&](const setting& row) {
         const std::string block = block_of(row.operators);
         std::vector<int> met(12 * 12 * 12);
         int n_points = 0;
@@ -59,7 +58,7 @@ TEST(SpecialPositions, EverySetting) {
             ASSERT_EQ(met[static_cast<std::size_t>(i)], stabiliser > 1) << i;
         }
         EXPECT_TRUE(block.ends_with("\n} " + std::to_string(n_points)));
-    }
+    });
 }
 
 }  // namespace

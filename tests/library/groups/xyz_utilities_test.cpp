@@ -1,6 +1,5 @@
 #include "library/groups/xyz_utilities.h"
 
-#include <algorithm>
 #include <gtest/gtest.h>
 #include <limits>
 
@@ -17,7 +16,10 @@ TEST(XyzUtilities, Axes) {
     EXPECT_EQ(axis_is_unit(ops, 1), 0);
     ops.set_n(1);
     EXPECT_EQ(axis_is_unit(ops, 1), 1);  // though it is shifted
-    EXPECT_EQ(axis_is_unit(xyz_list_of("x-y,y,z"), 0), 0);
+    for (const char* op : {"x-y,y,z", "-x,y,z", "z,y,x"}) {
+        EXPECT_EQ(axis_is_unit(xyz_list_of(op), 0), 0) << op;
+    }
+    EXPECT_EQ(axis_is_unit(xyz_list_of("x,x+y,z"), 1), 0);
     clear_axis(ops, 1);
     EXPECT_EQ(array_of(ops[0]), (op_array{1, 0, 0, 0, 0, 0, 0, 0, 0, 0, 1, 0}));
     EXPECT_TRUE(column_is_zero(ops[0], 1));
@@ -64,34 +66,17 @@ TEST(XyzUtilities, Cycles) {
     const xyz_op_3 shear = xyz_op_of("x+y,y,z");
     EXPECT_EQ(power_reaches(shear, shear), 1);
     EXPECT_EQ(power_reaches(shear, identity_xyzs()[0]), 0);  // after 24 powers
-}
-
-op_array rotation_of(op_array op) {
-    for (unsigned i = 3; i < 12; i += 4) op[i] = 0;
-    return op;
-}
-
-// Every rotation of every setting: its powers by plain products.
-TEST(XyzUtilities, EverySetting) {
-    std::set<op_array> done;
-    for (const setting& row : read_settings()) {
-        SCOPED_TRACE(row.symbol);
-        for (const op_array& op : row.group) {
-            if (!done.insert(rotation_of(op)).second) continue;
-            std::vector<op_array> powers = {rotation_of(op)};
-            while (powers.back() != op_of("x,y,z")) {
-                powers.push_back(product(powers[0], powers.back()));
-            }
-            xyz_list_3 cycle;
-            xyz_op_3 h = identity_xyzs()[0];
-            EXPECT_EQ(rotation_cycle(xyz_op_of(op), h, cycle), 1);
-            EXPECT_EQ(arrays_of(cycle), powers);
-            for (const op_array& target : row.group) {
-                EXPECT_EQ(power_reaches(xyz_op_of(op), xyz_op_of(target)),
-                          std::count(powers.begin(), powers.end(), rotation_of(target)));
-            }
-        }
+    const xyz_op_3 sixfold = xyz_op_of("x-y,x,z");
+    const char* const powers[] = {"-y,x-y,z", "-x,-y,z+1/2", "-x+y,-x,z", "y,-x+y,z", "x,y,z"};
+    ops.clear();
+    h = sixfold;
+    EXPECT_EQ(rotation_cycle(sixfold, h, ops), 1);
+    ASSERT_EQ(ops.n, 6);
+    for (int i = 0; i < 5; ++i) {
+        EXPECT_TRUE(same_rotation(ops[i], xyz_op_of(powers[i])));
+        EXPECT_EQ(power_reaches(sixfold, xyz_op_of(powers[i])), 1);
     }
+    EXPECT_EQ(power_reaches(sixfold, xyz_op_of("-x,-y,-z")), 0);
 }
 
 }  // namespace

@@ -75,10 +75,7 @@ void check(const xyz_list_3& ops, const hkl_list& hkls, double tolerance) {
 
 TEST(StructureFactors, EverySetting) {
     const hkl_list hkls = some_hkls();
-    for (const setting& row : read_settings()) {
-        SCOPED_TRACE(row.symbol + ' ' + row.choice);
-        check(xyz_list_of(row.operators), hkls, 1e-10);
-    }
+    for_each_setting([&](const setting& row) { check(xyz_list_of(row.operators), hkls, 1e-10); });
 }
 
 TEST(StructureFactors, UnusualLists) {
