@@ -3,6 +3,7 @@
 install(TARGETS lomar6 RUNTIME DESTINATION .)
 if(TARGET lomar)
     install(TARGETS lomar RUNTIME DESTINATION .)
+    install(FILES docs/lomar.md DESTINATION .)
 endif()
 install(FILES ${data_files} DESTINATION .)
 install(FILES docs/windows.md DESTINATION . RENAME README.md)

@@ -1,19 +1,44 @@
 #include "formats/json.h"
 
 #include <algorithm>
+#include <string_view>
+#include <utility>
 
 namespace lomar {
 
 namespace {
 
-std::string leaf_text(const json& value) {
-    return value.dump(-1, ' ', false, json::error_handler_t::replace);
+// Whether the text needs no escapes, which is the rule.
+bool is_plain(std::string_view text) {
+    return std::all_of(text.begin(), text.end(),
+                       [](char c) { return c >= ' ' && c <= '~' && c != '"' && c != '\\'; });
+}
+
+void add_text(std::string& result, const std::string& text) {
+    if (is_plain(text)) {
+        result.append("\"").append(text).append("\"");
+    } else {
+        result += json(text).dump(-1, ' ', false, json::error_handler_t::replace);
+    }
+}
+
+void add_leaf(std::string& text, const json& value) {
+    if (value.is_string()) {
+        add_text(text, value.get_ref<const std::string&>());
+    } else {
+        text += value.dump();
+    }
+}
+
+void add_key(std::string& text, const std::string& key) {
+    add_text(text, key);
+    text += ": ";
 }
 
 // One line, with blanks after colons and commas.
 void add_line(std::string& text, const json& value) {
     if (!value.is_structured()) {
-        text += leaf_text(value);
+        add_leaf(text, value);
         return;
     }
     const bool is_object = value.is_object();
@@ -21,7 +46,7 @@ void add_line(std::string& text, const json& value) {
     bool first = true;
     for (auto member = value.begin(); member != value.end(); ++member) {
         if (!std::exchange(first, false)) text += ", ";
-        if (is_object) text.append(leaf_text(member.key())).append(": ");
+        if (is_object) add_key(text, member.key());
         add_line(text, *member);
     }
     text += is_object ? '}' : ']';
@@ -44,7 +69,7 @@ void add_value(std::string& text, const json& value, int depth) {
     for (auto member = value.begin(); member != value.end(); ++member) {
         if (!std::exchange(first, false)) text += ",\n";
         text += indent;
-        if (is_object) text.append(leaf_text(member.key())).append(": ");
+        if (is_object) add_key(text, member.key());
         add_value(text, *member, depth + 1);
     }
     text.append("\n").append(indent, 2).append(is_object ? "}" : "]");
