@@ -7,9 +7,7 @@ set(doc_dir "${CMAKE_INSTALL_DATADIR}/doc/lomar6")
 file(GLOB doc_files CONFIGURE_DEPENDS
     "${PROJECT_SOURCE_DIR}/README.md" "${PROJECT_SOURCE_DIR}/docs/*.md")
 
-if(TARGET lomar6)
-    install(TARGETS lomar6 RUNTIME DESTINATION "${CMAKE_INSTALL_BINDIR}")
-endif()
+install(TARGETS lomar6 RUNTIME DESTINATION "${CMAKE_INSTALL_BINDIR}")
 if(TARGET lomar)
     install(TARGETS lomar RUNTIME DESTINATION "${CMAKE_INSTALL_BINDIR}")
     install(FILES docs/lomar.1 DESTINATION "${CMAKE_INSTALL_MANDIR}/man1")

@@ -10,7 +10,7 @@
 
 #include "foundation/string_3.h"
 
-extern char** environ;
+extern char** environ;  // NOLINT(readability-redundant-declaration): not in every unistd.h
 
 const char platform_separator = '/';
 
