@@ -1,10 +1,9 @@
 #include "reflections/hkl_file.h"
 
 #include <algorithm>
-#include <charconv>
 #include <cstdint>
-#include <cstring>
 
+#include "reflections/direct_list_3.h"
 #include "sgfile/sg_reader.h"
 #include "textout/file_out.h"
 
@@ -100,77 +99,66 @@ void sort_rows_3(row_list_3& rows) {
 
 namespace {
 
-// Composes rows of integers in large pieces.
-class row_composer {
+// A .hkl file while it is written. It is opened by `begin`; what needs memory comes before.
+class hkl_stream {
 public:
-    explicit row_composer(stream_out& stream) : stream_(stream) {
-        for (int value = -most; value <= most; ++value) cell_text(value, cells_[value + most]);
+    hkl_stream(const char* path, int largest_index) : rows(largest_index), stream_(path, 0) {
+        // A full stream grows, and a failure would leave an emptied file.
+        constexpr int room = 2048;
+        stream_.set_count(room);
+        stream_.set_count(0);
     }
-    ~row_composer() { pass_on(); }
 
-    void add(const hkl_row_3& row) {
-        if (end_ > buffer_ + sizeof buffer_ - row_room) pass_on();
-        add_cell(row.h);
-        add_cell(row.k);
-        add_cell(row.l);
-        add_cell(row.multiplicity);
-        *end_++ = '\n';
+    void begin(const triple_3& limits) {
+        stream_.file_io::open(open_or_throw);
+        stream_ << "hkls " << limits[0] << ' ' << limits[1] << ' ' << limits[2] << "\n{\n";
+        rows.begin(stream_);
     }
+
+    // The brace is what tells that a list is complete.
+    void end() {
+        rows.end();
+        stream_ << '}';
+        stream_.close();
+    }
+
+    hkl_row_writer_3 rows;
 
 private:
-    static constexpr int most = 511;  ///< the largest value that is looked up
-    static constexpr int width = 5;
-    static constexpr int row_room = 64;
-
-    // As write_cell (textout/row_writers.h), with a look-up where it can.
-    static char* cell_text(int value, char* out) {
-        char digits[16];
-        const char* const end = std::to_chars(digits, digits + sizeof digits, value).ptr;
-        const auto length = end - digits;
-        for (auto blanks = std::max<std::ptrdiff_t>(width - length, 1); blanks > 0; --blanks) {
-            *out++ = ' ';
-        }
-        return std::copy(static_cast<const char*>(digits), end, out);
-    }
-
-    void add_cell(int value) {
-        if (value < -most || value > most) {
-            end_ = cell_text(value, end_);
-            return;
-        }
-        std::memcpy(end_, cells_[value + most], sizeof cells_[0]);
-        end_ += width;
-    }
-
-    void pass_on() {
-        stream_ << char_range_3{buffer_, end_};
-        end_ = buffer_;
-    }
-
-    stream_out& stream_;
-    char cells_[2 * most + 1][8] = {};
-    char buffer_[1 << 16];
-    char* end_ = buffer_;
+    file_out stream_;
 };
 
-void write_rows(const row_list_3& rows, stream_out& stream) {
-    row_composer composer(stream);
-    for (const hkl_row_3& row : rows) composer.add(row);
+// False if the group isn't one for a list without a grid.
+bool write_directly(const hkl_generator_3& generator, const char* hkl_path,
+                    const triple_3& limits) {
+    direct_list_3 list;
+    if (!list.set_up(generator, limits)) return false;
+    hkl_stream file(hkl_path, list.largest_index());
+    file.begin(limits);
+    list.write(file.rows);
+    file.end();
+    return true;
 }
 
 }  // namespace
 
-void write_hkl_file_3(const char* sg_path, const char* hkl_path, int h, int k, int l) {
+void write_hkl_file_3(const char* sg_path, const char* hkl_path, int h, int k, int l,
+                      hkl_road_3 road) {
+    const triple_3 limits = {{h, k, l}};
     row_list_3 rows;
     {
         xyz_list_3 ops;
         load_sg_file_xyzs_3(sg_path, ops);
         hkl_generator_3 generator;
-        generator.generate(sg_path, ops, {{h, k, l}}, rows);
+        generator.load(sg_path, ops);
+        if (road == hkl_road_3::any && write_directly(generator, hkl_path, limits)) return;
+        generator.list(limits, rows);
     }
     sort_rows_3(rows);
-    file_out stream(hkl_path);
-    stream << "hkls " << h << ' ' << k << ' ' << l << "\n{\n";
-    write_rows(rows, stream);
-    stream << '}';
+    int largest = 0;
+    for (const hkl_row_3& row : rows) largest = std::max({largest, row.h, row.k, row.l});
+    hkl_stream file(hkl_path, largest);
+    file.begin(limits);
+    for (const hkl_row_3& row : rows) file.rows.add(row);
+    file.end();
 }

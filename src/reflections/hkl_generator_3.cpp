@@ -12,8 +12,6 @@
 
 namespace {
 
-constexpr double test_positions[2][3] = {{0.12035, 0.07896, 0.14478}, {0.19523, 0.25341, 0.19412}};
-
 std::int64_t dot(const xyz_op_3& op, int row, std::int64_t h, std::int64_t k, std::int64_t l) {
     return op.rot(row, 0) * h + op.rot(row, 1) * k + op.rot(row, 2) * l;
 }
@@ -22,9 +20,18 @@ std::int64_t dot(const xyz_op_3& op, int row, std::int64_t h, std::int64_t k, st
 
 void hkl_generator_3::generate(const char* sg_path, const xyz_list_3& ops, const triple_3& limits,
                                row_list_3& rows) {
+    load(sg_path, ops);
+    list(limits, rows);
+}
+
+void hkl_generator_3::load(const char* sg_path, const xyz_list_3& ops) {
     load_classes(sg_path, with_mates);
-    prepare(ops, limits);
-    list_present(lattice_of_3(ops), limits, rows);
+    prepare_tests(ops);
+}
+
+void hkl_generator_3::list(const triple_3& limits, row_list_3& rows) {
+    prepare_grid(limits);
+    list_present(lattice_of_3(*sum.ops), limits, rows);
 }
 
 void hkl_generator_3::load_classes(const char* sg_path, int new_mode) {
@@ -42,10 +49,13 @@ void hkl_generator_3::apply_mode(int new_mode) {
     }
 }
 
-void hkl_generator_3::prepare(const xyz_list_3& ops, const triple_3& limits) {
+void hkl_generator_3::prepare_tests(const xyz_list_3& ops) {
     sum.set_up(ops);
     find_free_axes(ops);
     for (int i = 0; i < 2; ++i) sum.position_phases(test_positions[i], position_phases[i]);
+}
+
+void hkl_generator_3::prepare_grid(const triple_3& limits) {
     size_grid(limits);
     find_steps(limits);
     mark(cell_of(0, 0, 0));

@@ -22,6 +22,10 @@ public:
     /// " Index limits too large" when the grid can't be held.
     void generate(const char* sg_path, const xyz_list_3& ops, const triple_3& limits,
                   row_list_3& rows);
+    /// The first half of generate: reads the class lists, and prepares the tests for absence.
+    void load(const char* sg_path, const xyz_list_3& ops);
+    /// The second half: makes the grid, and lists. Needs a load before.
+    void list(const triple_3& limits, row_list_3& rows);
 
     // The same without a file: the class lists are arguments, and have no Friedel mates. A class
     // without a list has no reflections. (library/groups/hkl_generator_3_variants.cpp)
@@ -46,6 +50,11 @@ public:
     /// an atom at one of two positions gives a real or imaginary part of more than 1e-4, and
     /// otherwise the square of what the second position gives. `sums` is scratch.
     double absence_value(int h, int k, int l, sum_list_3& sums) const;
+
+    static constexpr double absence_limit = 1e-9;  ///< of absence_value
+    /// The positions, in fractions of the cell edges.
+    static constexpr double test_positions[2][3] = {{0.12035, 0.07896, 0.14478},
+                                                    {0.19523, 0.25341, 0.19412}};
 
     class_lists_3 classes;  ///< with their Friedel mates, but for a mode of mark_present
     sg_phase_sum_3 sum;
@@ -86,12 +95,16 @@ private:
     // values of l.
     using residue_patterns = std::array<std::array<std::uint64_t, period>, 1 << period>;
     static constexpr int with_mates = 3;
-    static constexpr double absence_limit = 1e-9;  // of absence_value
 
     void load_classes(const char* sg_path, int new_mode);
     void take_classes(const class_lists_3& lists, int new_mode);
     void apply_mode(int new_mode);
-    void prepare(const xyz_list_3& ops, const triple_3& limits);
+    void prepare(const xyz_list_3& ops, const triple_3& limits) {
+        prepare_tests(ops);
+        prepare_grid(limits);
+    }
+    void prepare_tests(const xyz_list_3& ops);
+    void prepare_grid(const triple_3& limits);
     void find_free_axes(const xyz_list_3& ops);
     void size_grid(const triple_3& limits);
     void find_steps(const triple_3& limits);

@@ -7,6 +7,7 @@
 #include <string>
 #include <vector>
 
+#include "foundation/heap_3.h"
 #include "foundation/platform.h"
 #include "support/expect_failure.h"
 #include "support/scratch_dir.h"
@@ -55,7 +56,7 @@ TEST(HklFile, FailuresLeaveAnOldFileAlone) {
     } rows[] = {{"", 1, " Cannot find: xyzs"},
                 {p1.substr(0, p1.find("0kl")), 1, " Cannot find: 0kl"},
                 {p1 + " /*", 1, " Unclosed comment block"},
-                {p1, 4000, " Index limits too large"}};
+                {sg_text_of("x,y,z;x,y,z"), 4000, " Index limits too large"}};
     write_file("group.hkl", "old");
     EXPECT_FAILURE(write_hkl_file_3("no.sg", "group.hkl", 1, 1, 1), " Cannot open file no.sg");
     for (const auto& row : rows) {
@@ -67,6 +68,36 @@ TEST(HklFile, FailuresLeaveAnOldFileAlone) {
     const std::string path = std::string("no") + platform_separator + "group.hkl";
     EXPECT_FAILURE(write_hkl_file_3("group.sg", path.c_str(), 1, 1, 1),
                    " Cannot open file " + path);
+}
+
+// Whichever request for memory fails, on either road.
+TEST(HklFile, OldFileStaysWhenMemoryRunsOut) {
+    static int left = 0;
+    const scratch_dir dir;
+    write_file("group.sg", sg_text_of(operators_of("P 63/m")));
+    for (const hkl_road_3 road : {hkl_road_3::any, hkl_road_3::grid}) {
+        bool failed = true;
+        int requests = 0;
+        for (; failed; ++requests) {
+            write_file("group.hkl", "old");
+            left = requests;
+            the_heap().before_alloc = [](std::size_t) {
+                if (left-- == 0) throw std::bad_alloc();
+            };
+            try {
+                write_hkl_file_3("group.sg", "group.hkl", 8, 8, 8, road);
+                failed = false;
+            } catch (const std::bad_alloc&) {
+            } catch (except_3* too_large) {  // the grid
+                delete too_large;
+            }
+            the_heap().before_alloc = nullptr;
+            const std::string expected = failed ? "old" : read_file("group.hkl");
+            ASSERT_EQ(read_file("group.hkl"), expected) << requests;
+        }
+        EXPECT_GT(requests, 50);
+        EXPECT_GT(read_file("group.hkl").size(), 2000U);
+    }
 }
 
 using row_array = std::array<int, 4>;

@@ -1,0 +1,144 @@
+#include "reflections/direct_list_3.h"
+
+#include <algorithm>
+
+#include "symmetry/centring_table.h"
+
+bool direct_list_3::set_up(const hkl_generator_3& generator, const triple_3& limits) {
+    generator_ = &generator;
+    const xyz_list_3& ops = *generator.sum.ops;
+    if (!group_.set_up(ops, generator.classes)) return false;
+    lists_nothing_ = limits[0] < 0 || limits[1] < 0 || limits[2] < 0;
+    if (lists_nothing_) return true;
+    is_free_ = generator.axis_free_count != 0;
+    if (!box_.set_up(group_, limits) || !find_lattice(ops)) return false;
+    const int reach[3] = {box_.reach(0), box_.reach(1), box_.reach(2)};
+    line_.set_up(group_);
+    zeros_.set_up(group_);
+    presence_.set_up(group_, hkl_generator_3::test_positions[0], reach);
+    conditions_.set_max_n(group_.order() + group_.lattice.n, false);
+    lines_.reserve(group_.order());
+    covered_.reserve(group_.order());
+    sums_.set_n(generator.sum.groups.n);
+    phase_table_3();
+    return true;
+}
+
+int direct_list_3::largest_index() const {
+    return lists_nothing_ ? 0 : std::max({box_.reach(0), box_.reach(1), box_.reach(2)});
+}
+
+// General reflections that aren't tested must pass the conditions of the lattice. They do so with
+// all their equivalents or with none, if the rotations leave the one vector of such a lattice where
+// it is; with others there is no free axis.
+bool direct_list_3::find_lattice(const xyz_list_3& ops) {
+    free_lattice_.clear();
+    if (!is_free_) return true;
+    const int place = text_index(lattice_letter_3(ops), lattice_letters_3);
+    for (int row = centring_index_3(place, 0) + 1; row <= centring_index_3(place, 1); ++row) {
+        const triple_3& v = centring_vector_3(row);
+        free_lattice_.add(v);
+        for (const laue_element_3& element : group_.elements) {
+            for (int i = 0; i < 3; ++i) {
+                int image = -v[i];
+                for (int j = 0; j < 3; ++j) image += element.row[j][i] * v[j];
+                if (image % xyz_op_3::edge != 0) return false;
+            }
+        }
+    }
+    can_be_sure_ = free_lattice_.n == group_.lattice.n;
+    return true;
+}
+
+void direct_list_3::write(hkl_row_writer_3& writer) {
+    if (lists_nothing_) return;
+    writer_ = &writer;
+    for (int h = 0; h <= box_.reach(0); ++h) {
+        box_.lines_of(h, lines_);
+        for (const interval_3& part : lines_) {
+            for (int k = part.first; k <= part.last; ++k) write_line(h, k);
+        }
+    }
+}
+
+void direct_list_3::write_line(int h, int k) {
+    if (!line_.find(h, k, {-box_.reach(2), box_.reach(2)})) return;
+    box_.cover(h, k, line_.span(), covered_);
+    if (covered_.is_empty()) return;
+    h_ = h;
+    k_ = k;
+    choose_tests(h, k);
+    if (members_.is_empty()) return;
+    presence_.begin_line(h, k, members_);
+    writer_->begin_line(h, k);
+    for (const interval_3& part : covered_) write_span(part);
+}
+
+void direct_list_3::choose_tests(int h, int k) {
+    tests_ = tests::all;
+    if (is_free_) {
+        const index_zeros_3::kind kind = zeros_.begin_line(h, k);
+        if (kind == index_zeros_3::single) tests_ = tests::single;
+        if (kind == index_zeros_3::some_members) tests_ = tests::mixed;
+    }
+    if (tests_ != tests::all) {
+        members_ = whole_phases_3(free_lattice_, h, k, group_.period[2]);
+        return;
+    }
+    const bool plain = line_.shifts().n == 1;  // that of the unit
+    if (!plain) {
+        conditions_.n = 0;
+        for (const triple_3& shift : group_.lattice) conditions_.add(shift);
+        for (const triple_3& shift : line_.shifts()) conditions_.add(shift);
+    }
+    members_ = whole_phases_3(plain ? group_.lattice : conditions_, h, k, group_.period[2]);
+}
+
+void direct_list_3::write_span(interval_3 part) {
+    const interval_3 span = line_.span();
+    const bool has_last = part.last == span.last && line_.is_special(line_.last());
+    if (part.first == span.first && line_.is_special(line_.first())) {
+        write_end(part.first++, line_.first());
+        if (part.first > part.last) return;
+    }
+    if (has_last) --part.last;
+    write_inner(part);
+    if (has_last) write_end(span.last, line_.last());
+}
+
+void direct_list_3::write_end(int l, const greatest_line_3::line_end& end) {
+    if (!members_.contains(l)) return;
+    if (end.absent && tests_ == tests::all) return;
+    if (next_doubtful(l, l) == l && !is_present(l, end.absent)) return;
+    writer_->add_run(l, l, 1, multiplicity(end.fixing));
+}
+
+void direct_list_3::write_inner(interval_3 part) {
+    const int all = multiplicity(line_.fixing());
+    for (int l = members_.from(part.first); l <= part.last; l += members_.step) {
+        const int doubtful = next_doubtful(l, part.last);
+        writer_->add_run(l, std::min(doubtful - 1, part.last), members_.step, all);
+        if (doubtful > part.last) return;
+        l = doubtful;
+        if (is_present(l, false)) writer_->add_run(l, l, 1, all);
+    }
+}
+
+// The first member of the line from l on that may be absent by the grid's test, or a number above
+// `last`.
+int direct_list_3::next_doubtful(int l, int last) {
+    if (tests_ == tests::all) return presence_.first_unsure(l, last);
+    while (l <= last) {
+        if (tests_ == tests::single) l = zeros_.next(l, last, members_.step);
+        if (l > last || !can_be_sure_ || presence_.first_unsure(l, l) == l) return l;
+        l += members_.step;
+    }
+    return l;
+}
+
+bool direct_list_3::is_present(int l, bool known_absent) {
+    const auto [h, k, m] = box_.first_member(h_, k_, l).v;
+    if (is_free_ && h != 0 && k != 0 && m != 0) return true;
+    return !known_absent &&
+           generator_->absence_value(h, k, m, sums_) > hkl_generator_3::absence_limit;
+}

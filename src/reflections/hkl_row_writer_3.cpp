@@ -1,0 +1,98 @@
+#include "reflections/hkl_row_writer_3.h"
+
+#include <algorithm>
+#include <charconv>
+#include <cstring>
+
+namespace {
+
+constexpr int least_ready = 48;  // no multiplicity of a group is larger
+constexpr int most_ready = 999;  // below -999 a cell is wider
+
+}  // namespace
+
+hkl_row_writer_3::hkl_row_writer_3(int largest)
+    : most_(std::clamp(largest, least_ready, most_ready)) {
+    cells_.set_n(2 * most_ + 1);
+    for (int value = -most_; value <= most_; ++value) {
+        cell_text(value, cells_[value + most_].text);
+    }
+    buffer_.set_n(room);
+    end_ = buffer_.block();
+}
+
+// As write_cell (textout/row_writers.h).
+char* hkl_row_writer_3::cell_text(int value, char* out) {
+    char digits[16];
+    const char* const end = std::to_chars(digits, digits + sizeof digits, value).ptr;
+    const auto length = end - digits;
+    for (auto blanks = std::max<std::ptrdiff_t>(width - length, 1); blanks > 0; --blanks) {
+        *out++ = ' ';
+    }
+    return std::copy(static_cast<const char*>(digits), end, out);
+}
+
+char* hkl_row_writer_3::put_cell(int value, char* out) const {
+    if (value < -most_ || value > most_) return cell_text(value, out);
+    std::memcpy(out, ready(value), sizeof(cell));
+    return out + width;
+}
+
+void hkl_row_writer_3::pass_on() {
+    *stream_ << char_range_3{buffer_.block(), end_};
+    end_ = buffer_.block();
+}
+
+void hkl_row_writer_3::add(const hkl_row_3& row) {
+    if (end_ > buffer_.block() + room - row_room) pass_on();
+    end_ = put_cell(row.h, end_);
+    end_ = put_cell(row.k, end_);
+    end_ = put_cell(row.l, end_);
+    end_ = put_cell(row.multiplicity, end_);
+    *end_++ = '\n';
+}
+
+void hkl_row_writer_3::begin_line(int h, int k) {
+    h_ = h;
+    k_ = k;
+    line_length_ = static_cast<int>(put_cell(k, put_cell(h, line_)) - line_);
+}
+
+void hkl_row_writer_3::add_run(int l, int last, int step, int multiplicity) {
+    const auto is_ready = [&](int value) { return value >= -most_ && value <= most_; };
+    if (line_length_ != 2 * width || !is_ready(multiplicity)) {
+        for (; l <= last; l += step) add({h_, k_, l, multiplicity});
+        return;
+    }
+    for (; l <= last && !is_ready(l); l += step) add({h_, k_, l, multiplicity});
+    const int n_ready = l > std::min(last, most_) ? 0 : (std::min(last, most_) - l) / step + 1;
+    if (n_ready != 0) add_ready_run(l, l + (n_ready - 1) * step, step, multiplicity);
+    for (l += n_ready * step; l <= last; l += step) add({h_, k_, l, multiplicity});
+}
+
+// All cells have a ready text. Copies of whole words are cheaper than those of what is needed.
+void hkl_row_writer_3::add_ready_run(int l, int last, int step, int multiplicity) {
+    constexpr int row_length = 4 * width + 1;
+    cell tail;
+    std::memcpy(tail.text, ready(multiplicity), sizeof tail);
+    tail.text[width] = '\n';
+    while (l <= last) {
+        const auto free = buffer_.block() + room - row_room - end_;
+        if (free < row_length) {
+            pass_on();
+            continue;
+        }
+        const int n = std::min((last - l) / step + 1, static_cast<int>(free / row_length));
+        char* out = end_;
+        const char* third = ready(l);
+        for (int i = 0; i < n; ++i) {
+            std::memcpy(out, line_, 16);
+            std::memcpy(out + 2 * width, third, sizeof(cell));
+            std::memcpy(out + 3 * width, tail.text, sizeof tail);
+            out += row_length;
+            third += static_cast<std::ptrdiff_t>(step) * static_cast<int>(sizeof(cell));
+        }
+        end_ = out;
+        l += n * step;
+    }
+}

@@ -1,0 +1,49 @@
+#pragma once
+
+#include "textout/row_writers.h"
+
+/// Composes the lines of a .hkl file, which are those of write_row_4 with line ends, in large
+/// pieces out of ready texts for the numbers. All memory is taken at the start. The pieces go to a
+/// stream when they are full, and the last one with `end`: without that it is lost, since a
+/// destructor must not write.
+class hkl_row_writer_3 {
+public:
+    /// Texts will be ready for numbers up to `largest` in size, if that isn't too many.
+    explicit hkl_row_writer_3(int largest);
+
+    /// From now on rows go to `stream`, which must stay until the end.
+    void begin(stream_out& stream) { stream_ = &stream; }
+    void add(const hkl_row_3& row);
+
+    /// The next rows have these two indices.
+    void begin_line(int h, int k);
+    /// Adds those with the third index l, l + step and so on up to `last`.
+    void add_run(int l, int last, int step, int multiplicity);
+
+    /// Passes on what is left.
+    void end() { pass_on(); }
+
+private:
+    struct cell {
+        char text[8];
+    };
+    static constexpr int width = 5;  ///< of a cell with a ready text
+    static constexpr int room = 1 << 16;
+    static constexpr int row_room = 64;  ///< for the longest row, and copies that write beyond it
+
+    static char* cell_text(int value, char* out);
+    const char* ready(int value) const { return cells_[value + most_].text; }
+    char* put_cell(int value, char* out) const;
+    void add_ready_run(int l, int last, int step, int multiplicity);
+    void pass_on();
+
+    stream_out* stream_ = nullptr;
+    int most_;
+    list_0_3<cell> cells_;
+    list_0_3<char> buffer_;
+    char* end_;
+    char line_[2 * 16] = {};  ///< the cells of h and k
+    int line_length_ = 0;
+    int h_ = 0;
+    int k_ = 0;
+};
