@@ -112,9 +112,11 @@ class Case:
             got, old, new = (each.get(name) for each in (files, self.old, self.new))
             if got in (old, new):
                 continue
-            # The run begins a file, goes on with one, or writes a .sg file anew.
+            # The run begins a file, goes on with one, or writes a .sg file anew. A .hkl file is
+            # written anew once nothing can fail but writing.
             begun = old is None or got.startswith(old) or (
-                name.endswith(".sg") and not new.startswith(old))
+                name.endswith(".sg") and not new.startswith(old)) or (
+                name.endswith(".hkl") and fault.startswith(("write", "close")))
             if not (begun and new is not None and new.startswith(got)):
                 return f"spoilt {name}"
         return None

@@ -8,8 +8,6 @@ bool direct_list_3::set_up(const hkl_generator_3& generator, const triple_3& lim
     generator_ = &generator;
     const xyz_list_3& ops = *generator.sum.ops;
     if (!group_.set_up(ops, generator.classes)) return false;
-    lists_nothing_ = limits[0] < 0 || limits[1] < 0 || limits[2] < 0;
-    if (lists_nothing_) return true;
     is_free_ = generator.axis_free_count != 0;
     if (!box_.set_up(group_, limits) || !find_lattice(ops)) return false;
     const int reach[3] = {box_.reach(0), box_.reach(1), box_.reach(2)};
@@ -25,7 +23,7 @@ bool direct_list_3::set_up(const hkl_generator_3& generator, const triple_3& lim
 }
 
 int direct_list_3::largest_index() const {
-    return lists_nothing_ ? 0 : std::max({box_.reach(0), box_.reach(1), box_.reach(2)});
+    return std::max({box_.reach(0), box_.reach(1), box_.reach(2)});
 }
 
 // General reflections that aren't tested must pass the conditions of the lattice. They do so with
@@ -51,7 +49,6 @@ bool direct_list_3::find_lattice(const xyz_list_3& ops) {
 }
 
 void direct_list_3::write(hkl_row_writer_3& writer) {
-    if (lists_nothing_) return;
     writer_ = &writer;
     for (int h = 0; h <= box_.reach(0); ++h) {
         box_.lines_of(h, lines_);

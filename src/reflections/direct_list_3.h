@@ -26,8 +26,8 @@
 class direct_list_3 {
 public:
     /// Takes the group and the tests of a generator that was loaded. Both it and the operators that
-    /// it was loaded with must outlive this object. False if the grid has to decide. All memory
-    /// that the list needs is taken here.
+    /// it was loaded with must outlive this object. No limit may be below 0. False if the grid has
+    /// to decide. All memory that the list needs is taken here.
     bool set_up(const hkl_generator_3& generator, const triple_3& limits);
 
     /// The largest size that an index of a row can have.
@@ -57,7 +57,6 @@ private:
     greatest_line_3 line_;
     index_zeros_3 zeros_;
     line_presence_3 presence_;
-    bool lists_nothing_ = false;
     bool is_free_ = false;             ///< general reflections aren't tested
     bool can_be_sure_ = false;         ///< presence_ can be asked for lines that aren't tested
     list_0_3<triple_3> free_lattice_;  ///< the conditions for those that aren't

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cstdint>
+#include <cstdio>
 
 #include "reflections/direct_list_3.h"
 #include "sgfile/sg_reader.h"
@@ -99,33 +100,36 @@ void sort_rows_3(row_list_3& rows) {
 
 namespace {
 
-// A .hkl file while it is written. It is opened by `begin`; what needs memory comes before.
-class hkl_stream {
+// A .hkl file. What needs memory comes before it is opened, the buffer of the standard library's
+// stream included, which isn't used: rows come in large pieces, of which none is held back.
+class hkl_stream : public file_out {
 public:
-    hkl_stream(const char* path, int largest_index) : rows(largest_index), stream_(path, 0) {
-        // A full stream grows, and a failure would leave an emptied file.
+    hkl_stream(const char* path, const triple_3& limits, int largest_index)
+        : file_out(path, 0), rows(largest_index) {
         constexpr int room = 2048;
-        stream_.set_count(room);
-        stream_.set_count(0);
+        buffer.set_max_n(room, false);
+        keep = 0;
+        head_ << "hkls " << limits[0] << ' ' << limits[1] << ' ' << limits[2] << "\n{\n";
     }
 
-    void begin(const triple_3& limits) {
-        stream_.file_io::open(open_or_throw);
-        stream_ << "hkls " << limits[0] << ' ' << limits[1] << ' ' << limits[2] << "\n{\n";
-        rows.begin(stream_);
+    void begin() {
+        file_io::open(open_or_throw);
+        std::setvbuf(file, nullptr, _IONBF, 0);
+        *this << head_.text();
+        rows.begin(*this);
     }
 
     // The brace is what tells that a list is complete.
     void end() {
         rows.end();
-        stream_ << '}';
-        stream_.close();
+        *this << '}';
+        finish();
     }
 
     hkl_row_writer_3 rows;
 
 private:
-    file_out stream_;
+    string_out head_;
 };
 
 // False if the group isn't one for a list without a grid.
@@ -133,8 +137,8 @@ bool write_directly(const hkl_generator_3& generator, const char* hkl_path,
                     const triple_3& limits) {
     direct_list_3 list;
     if (!list.set_up(generator, limits)) return false;
-    hkl_stream file(hkl_path, list.largest_index());
-    file.begin(limits);
+    hkl_stream file(hkl_path, limits, list.largest_index());
+    file.begin();
     list.write(file.rows);
     file.end();
     return true;
@@ -151,14 +155,16 @@ void write_hkl_file_3(const char* sg_path, const char* hkl_path, int h, int k, i
         load_sg_file_xyzs_3(sg_path, ops);
         hkl_generator_3 generator;
         generator.load(sg_path, ops);
-        if (road == hkl_road_3::any && write_directly(generator, hkl_path, limits)) return;
-        generator.list(limits, rows);
+        if (h >= 0 && k >= 0 && l >= 0) {
+            if (road == hkl_road_3::any && write_directly(generator, hkl_path, limits)) return;
+            generator.list(limits, rows);
+        }
     }
     sort_rows_3(rows);
     int largest = 0;
     for (const hkl_row_3& row : rows) largest = std::max({largest, row.h, row.k, row.l});
-    hkl_stream file(hkl_path, largest);
-    file.begin(limits);
+    hkl_stream file(hkl_path, limits, largest);
+    file.begin();
     for (const hkl_row_3& row : rows) file.rows.add(row);
     file.end();
 }

@@ -39,8 +39,9 @@ char* hkl_row_writer_3::put_cell(int value, char* out) const {
 }
 
 void hkl_row_writer_3::pass_on() {
-    *stream_ << char_range_3{buffer_.block(), end_};
+    *file_ << char_range_3{buffer_.block(), end_};
     end_ = buffer_.block();
+    if (file_->is_incomplete()) file_->finish();
 }
 
 void hkl_row_writer_3::add(const hkl_row_3& row) {

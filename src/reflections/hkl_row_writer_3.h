@@ -1,5 +1,6 @@
 #pragma once
 
+#include "textout/file_out.h"
 #include "textout/row_writers.h"
 
 /// Composes the lines of a .hkl file, which are those of write_row_4 with line ends, in large
@@ -11,8 +12,8 @@ public:
     /// Texts will be ready for numbers up to `largest` in size, if that isn't too many.
     explicit hkl_row_writer_3(int largest);
 
-    /// From now on rows go to `stream`, which must stay until the end.
-    void begin(stream_out& stream) { stream_ = &stream; }
+    /// From now on rows go to `file`, which must stay until the end.
+    void begin(file_out& file) { file_ = &file; }
     void add(const hkl_row_3& row);
 
     /// The next rows have these two indices.
@@ -37,7 +38,7 @@ private:
     void add_ready_run(int l, int last, int step, int multiplicity);
     void pass_on();
 
-    stream_out* stream_ = nullptr;
+    file_out* file_ = nullptr;
     int most_;
     list_0_3<cell> cells_;
     list_0_3<char> buffer_;

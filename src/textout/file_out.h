@@ -27,11 +27,14 @@ public:
     ~file_out() override { file_out::close(); }
 
     /// Writes out what is held, then closes. A second call does nothing. Neither this nor any other
-    /// operation reports that the system couldn't write something: that is left to finish().
+    /// operation reports that the system couldn't write something: that is left to finish(). The
+    /// file breaks off there.
     void close() override;
     /// Closes the file; fails with " Cannot write file" and the path if it lacks anything that was
     /// written to it.
     void finish();
+    /// Whether the system couldn't write something up to now.
+    bool is_incomplete() const { return incomplete; }
     /// Writes out what is held and flushes the handle.
     void flush() override;
 

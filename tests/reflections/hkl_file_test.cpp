@@ -26,8 +26,8 @@ TEST(HklFile, Bytes) {
               "    1   -1    1    2\n    1    0   -1    2\n    1    0    0    2\n"
               "    1    0    1    2\n    1    1   -1    2\n    1    1    0    2\n"
               "    1    1    1    2\n}");
-    write_hkl_file_3("group.sg", "group.hkl", -3, 2, 1);
-    EXPECT_EQ(read_file("group.hkl"), "hkls -3 2 1\n{\n}");
+    write_hkl_file_3("group.sg", "group.hkl", 3, -2147483647 - 1, 1);
+    EXPECT_EQ(read_file("group.hkl"), "hkls 3 -2147483648 1\n{\n}");
 }
 
 // Numbers keep to their columns up to 9999 and -999, and widen a row beyond that.

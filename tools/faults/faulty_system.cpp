@@ -4,7 +4,6 @@
 // Without the variable nothing fails. Standard error gets the number of calls of each kind.
 
 #include <cerrno>
-#include <cstdint>
 #include <cstdio>
 #include <cstdlib>
 #include <cstring>
@@ -51,7 +50,7 @@ void report() {
 
 // Files that the C library buffers and whose reads, writes and closing may fail.
 
-int handle_of(void* cookie) { return static_cast<int>(reinterpret_cast<std::intptr_t>(cookie)); }
+int& handle_of(void* cookie) { return *static_cast<int*>(cookie); }
 
 ssize_t read_some(void* cookie, char* to, std::size_t size) {
     return fails(reading, EIO) ? -1 : read(handle_of(cookie), to, size);
@@ -69,8 +68,11 @@ int seek_to(void* cookie, off64_t* place, int origin) {
 }
 
 int close_file(void* cookie) {
+    const int handle = handle_of(cookie);
+    std::free(cookie);
+    if (handle < 0) return 0;  // it wasn't opened
     const bool failed = fails(closing, EIO);
-    return close(handle_of(cookie)) != 0 || failed ? -1 : 0;
+    return close(handle) != 0 || failed ? -1 : 0;
 }
 
 }  // namespace
@@ -96,12 +98,19 @@ std::FILE* __wrap_fopen(const char* path, const char* mode) {
     int flags = std::strchr(mode, '+') != nullptr ? O_RDWR : *mode == 'r' ? O_RDONLY : O_WRONLY;
     if (*mode == 'w') flags |= O_CREAT | O_TRUNC;
     if (*mode == 'a') flags |= O_CREAT | O_APPEND;
-    const int handle = open(path, flags, 0666);
-    if (handle < 0) return nullptr;
-    std::FILE* const file = fopencookie(reinterpret_cast<void*>(std::intptr_t{handle}), mode,
-                                        {read_some, write_some, seek_to, close_file});
-    if (file == nullptr) close(handle);
-    return file;
+    // As the C library does: memory comes first, so that a file isn't emptied for nothing.
+    int* const handle = static_cast<int*>(__real_malloc(sizeof(int)));
+    std::FILE* const file = fopencookie(handle, mode, {read_some, write_some, seek_to, close_file});
+    if (file == nullptr) {
+        std::free(handle);
+        return nullptr;
+    }
+    *handle = open(path, flags, 0666);
+    if (*handle >= 0) return file;
+    const int error = errno;
+    std::fclose(file);
+    errno = error;
+    return nullptr;
 }
 
 int __wrap_stat(const char* path, struct stat* status) {
