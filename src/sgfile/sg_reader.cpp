@@ -25,7 +25,7 @@ struct term_start {
 term_start read_term_start(vstring_in& row) {
     const char c = row.get_non_white();
     if (c != '+' && c != '-') return {1, c};
-    return {c == '-' ? -1 : 1, row.get_non_white()};
+    return {c == '-' ? -1 : 1, static_cast<char>(row.get_non_white())};
 }
 
 // A fraction whose first digit was passed, in 1/360.

@@ -19,9 +19,9 @@ void sstring_in::skip_white() {
     while (white_set_3.contains(text[pos])) ++pos;
 }
 
-char sstring_in::peek_non_white() {
-    sstring_in::skip_white();
-    return text[pos];
+unsigned char sstring_in::peek_non_white() {
+    skip_white();
+    return peek();
 }
 
 void sstring_in::set_text(const char* text_) {
@@ -33,22 +33,17 @@ void vstring_in::skip_white() {
     while (pos != size && white_set_3.contains(text[pos])) ++pos;
 }
 
-char vstring_in::peek_non_white() {
-    vstring_in::skip_white();
-    return vstring_in::peek();
-}
-
 void vstring_in::set_text(const char* text_) {
     sstring_in::set_text(text_);
     size = static_cast<int>(std::strlen(text_));
 }
 
-char sstring_in::get() {
+unsigned char sstring_in::get() {
     if (at_end()) return 0;
-    return text[pos++];
+    return byte_of(text[pos++]);
 }
 
-char sstring_in::get_non_white() {
+unsigned char sstring_in::get_non_white() {
     skip_white();
     return get();
 }
@@ -57,11 +52,12 @@ void sstring_in::back() {
     if (pos >= 1) --pos;
 }
 
+// Whether a character is left that isn't `c`, and the like.
+bool sstring_in::at_other_than(char c) const { return !at_end() && peek() != byte_of(c); }
+bool sstring_in::outside(const char_set_3& set) const { return !at_end() && !set.contains(peek()); }
+
 void sstring_in::skip_token() {
-    const char* const end = bound();
-    const char* p = current();
-    while (p != end && !token_end_set.contains(*p)) ++p;
-    move_to(p);
+    while (outside(token_end_set)) ++pos;
 }
 
 void sstring_in::skip_white_token() {
@@ -70,10 +66,8 @@ void sstring_in::skip_white_token() {
 }
 
 void sstring_in::skip_line() {
-    const char* const end = bound();
-    const char* p = current();
-    while (!ended(p, end) && *p != '\n') ++p;
-    move_to(ended(p, end) ? p : p + 1);
+    while (at_other_than('\n')) ++pos;
+    get();
 }
 
 void sstring_in::skip_newline() {
@@ -81,8 +75,7 @@ void sstring_in::skip_newline() {
 }
 
 void sstring_in::skip_all() {
-    const char* const end = bound();
-    move_to(end != nullptr ? end : current() + std::strlen(current()));
+    while (!at_end()) ++pos;
 }
 
 char_range_3 sstring_in::token() {
@@ -128,11 +121,8 @@ int sstring_in::at_quote() {
 }
 
 int sstring_in::find_char(char c, int flags) {
-    const char* const end = bound();
-    const char* p = current();
-    while (!ended(p, end) && *p != c) ++p;
-    move_to(p);
-    if (!ended(p, end)) {
+    while (at_other_than(c)) ++pos;
+    if (!at_end()) {
         if ((flags & stay_on_found) == 0) advance();
         return 1;
     }
@@ -143,14 +133,11 @@ int sstring_in::find_char(char c, int flags) {
 }
 
 void sstring_in::skip_past(char c) {
-    const char* const end = bound();
-    const char* p = current();
-    while (p != end && *p != 0 && *p != c) ++p;
-    if (p == end || *p == 0) {
-        move_to(p);
+    while (at_other_than(c) && peek() != 0) ++pos;
+    if (at_end() || peek() != byte_of(c)) {
         (error_builder_3() << "Cannot find" << c << "in stream" << stream_name()).fail();
     }
-    move_to(p + 1);
+    advance();
 }
 
 int sstring_in::find_tag(const char* tag, int flags) {
@@ -162,25 +149,19 @@ int sstring_in::find_tag(const char* tag, int flags) {
 }
 
 int sstring_in::find_text(const char* what) {
-    const char* const end = bound();
-    for (const char* p = current(); !ended(p, end); ++p) {
-        int i = 0;
-        while (what[i] != 0 && !ended(p + i, end) && p[i] == what[i]) ++i;
-        if (what[i] == 0) {
-            move_to(p + i);
-            return 1;
-        }
+    for (; !at_end(); ++pos) {
+        const int start = pos;
+        const char* c = what;
+        for (; *c != 0 && !at_other_than(*c) && !at_end(); ++c) ++pos;
+        if (*c == 0) return 1;
+        pos = start;
     }
-    skip_all();
     return 0;
 }
 
 int sstring_in::skip_to_set(const char_set_3& set) {
-    const char* const end = bound();
-    const char* p = current();
-    while (!ended(p, end) && !set.contains(*p)) ++p;
-    move_to(p);
-    return !ended(p, end);
+    while (outside(set)) ++pos;
+    return at_end() == 0;
 }
 
 void sstring_in::read_until(const char_set_3& set, string_out& out) {
@@ -203,39 +184,31 @@ void sstring_in::open_block() {
     advance();
 }
 
-// The matching `close` for a position behind an `open`, or null.
-const char* sstring_in::find_block_end(char open, char close) const {
-    const char* const end = bound();
+// Moves to the `close` that matches for a position behind an `open`; false if there is none.
+bool sstring_in::find_block_end(char open, char close) {
     int depth = 1;
-    for (const char* p = current(); !ended(p, end); ++p) {
-        if (*p == close && --depth == 0) return p;
-        if (*p == open) ++depth;
+    for (; !at_end(); ++pos) {
+        const unsigned char c = peek();
+        if (c == byte_of(close) && --depth == 0) return true;
+        if (c == byte_of(open)) ++depth;
     }
-    return nullptr;
+    return false;
 }
 
 char_range_3 sstring_in::block_range() {
     const char* const begin = current();
-    const char* const close = find_block_end('{', '}');
-    if (close == nullptr) {
-        skip_all();
-        (error_builder_3() << "Unclosed block" << '}').fail();
-    }
-    move_to(close + 1);
-    return {begin, close};
+    if (!find_block_end('{', '}')) (error_builder_3() << "Unclosed block" << '}').fail();
+    advance();
+    return {begin, current() - 1};
 }
 
 void sstring_in::skip_block(char open, char close) {
-    const char* const end = find_block_end(open, close);
-    if (end == nullptr) {
-        skip_all();
-        (error_builder_3() << "Unclosed: " << close).fail();
-    }
-    move_to(end + 1);
+    if (!find_block_end(open, close)) (error_builder_3() << "Unclosed: " << close).fail();
+    advance();
 }
 
 int sstring_in::more_in_block() {
-    const char c = peek_non_white();
+    const unsigned char c = peek_non_white();
     if (c == '}') advance();
     return c != 0 && c != '}';
 }

@@ -27,10 +27,10 @@ public:
 
     /// 1 when everything was passed.
     virtual int at_end() const { return text[pos] == 0; }
-    /// Looks at the next character without passing it; NUL if none is left.
-    virtual char peek() const { return text[pos]; }
+    /// Looks at the next character, as 0 to 255, without passing it; 0 if none is left.
+    virtual unsigned char peek() const { return byte_of(text[pos]); }
     virtual void skip_white();
-    virtual char peek_non_white();
+    virtual unsigned char peek_non_white();
     /// Takes a new text and starts at its beginning.
     virtual void set_text(const char* text_);
     virtual const char* file_name() const { return ""; }
@@ -43,12 +43,14 @@ public:
     virtual int is_file() const { return 0; }
     virtual int tag() const { return -1; }
 
+    // All that follows asks at_end and peek, so that a class which overrides them is heard.
+
     // Moving
 
-    /// Passes a character and gives it; NUL if none is left.
-    char get();
+    /// Passes a character and gives it, as 0 to 255; 0 if none is left.
+    unsigned char get();
     /// skip_white, then get.
-    char get_non_white();
+    unsigned char get_non_white();
     /// As get, but only for where peek() has shown that a character is left.
     void advance() { ++pos; }
     /// One character back, unless at the beginning.
@@ -122,14 +124,13 @@ public:
     int pos = 0;
 
 protected:
-    /// One past the last character, or null when a NUL ends the text.
-    virtual const char* bound() const { return nullptr; }
+    static unsigned char byte_of(char c) { return static_cast<unsigned char>(c); }
 
 private:
-    bool ended(const char* p, const char* end) const { return p == end || (!end && *p == 0); }
-    void move_to(const char* p) { pos = static_cast<int>(p - text); }
+    bool at_other_than(char c) const;
+    bool outside(const char_set_3& set) const;
     int skip_to_set(const char_set_3& set);
-    const char* find_block_end(char open, char close) const;
+    bool find_block_end(char open, char close);
 };
 
 /// Reads a part of a text in its place, as if the text ended there.
@@ -142,15 +143,11 @@ public:
           size(end < begin ? 0 : static_cast<int>(end - begin)) {}
 
     int at_end() const override { return pos == size; }
-    char peek() const override { return pos == size ? '\0' : text[pos]; }
+    unsigned char peek() const override { return pos == size ? byte_of(0) : byte_of(text[pos]); }
     void skip_white() override;
-    char peek_non_white() override;
     void set_text(const char* text_) override;
 
     int size = 0;
-
-protected:
-    const char* bound() const override { return text + size; }
 };
 
 /// Blank, CR, TAB and LF.

@@ -15,7 +15,6 @@ string_3 word;
 std::string shown(const char* text) { return text; }
 std::string shown(int value) { return number_text(value); }
 std::string shown(double value) { return number_text(value); }
-std::string shown(char c) { return number_text(static_cast<unsigned char>(c)); }
 std::string shown(char_range_3 range) { return {range.begin, range.end}; }
 
 std::string arguments_in(sstring_in& in) {
@@ -43,6 +42,7 @@ const char bad_list[] = " Error in arguements";
 const char no_brace[] = " Cannot find { in stream sstring_in";
 
 const operation operations[] = {
+    {OPERATION(in.peek()), {{"", "0", 0}, {"\xe9 ", "233", 0}}},
     {OPERATION(in.get()), {{"", "0", 0}, {" ", "32", 1}, {"\xff", "255", 1}}},
     {OPERATION(in.get_non_white()), {{" \r\t\n", "0", 4}, {" \nab", "97", 3}}},
     {OPERATION(in.peek_non_white()), {{" \r\t\n", "0", 4}, {"\v ", "11", 0}, {" {", "123", 1}}},
@@ -131,6 +131,29 @@ TEST(SstringIn, NothingReadsOutside) {
                 }
             }
         });
+    }
+}
+
+// A stream that ends at a semicolon. All operations but those on addresses heed that.
+struct statement_in : sstring_in {
+    using sstring_in::sstring_in;
+    int at_end() const override { return sstring_in::at_end() || text[pos] == ';'; }
+    unsigned char peek() const override { return at_end() ? 0 : sstring_in::peek(); }
+};
+
+TEST(SstringIn, OverriddenEnd) {
+    for (const operation& op : operations) {
+        SCOPED_TRACE(op.code);
+        for (const auto& row : op.examples) {
+            if (std::string_view(row.text).find(';') != std::string_view::npos) continue;
+            const std::string longer = row.text + std::string("; { a } , ) \" ab | \n");
+            statement_in in(longer.c_str());
+            (out = string_out()) << '+';
+            std::string result;
+            const auto message = message_of([&] { result = op.run(in); });
+            EXPECT_EQ(message.value_or(result), row.result);
+            EXPECT_EQ(in.position(), row.pos);
+        }
     }
 }
 
