@@ -47,9 +47,23 @@ double file_in_bin::read_double() {
 }
 
 void file_in_bin::check_last_index(int count, int base) const {
-    if (base > std::numeric_limits<int>::max() - count) {
-        (error_builder_3() << "Invalid list in" << name.data).fail();
-    }
+    if (base > std::numeric_limits<int>::max() - (count - 1)) refuse_list();
+}
+
+void file_in_bin::check_size(std::int64_t size) {
+    constexpr std::int64_t most_missing = 1 << 20;
+    if (size <= most_missing || file == nullptr) return;
+    std::fpos_t place;
+    if (std::fgetpos(file, &place) != 0) return;
+    const std::int64_t begin = std::ftell(file);
+    if (std::fseek(file, 0, SEEK_END) != 0) return;
+    const std::int64_t end = std::ftell(file);
+    std::fsetpos(file, &place);
+    if (begin >= 0 && end >= 0 && size - most_missing > end - begin + pushed_back.n) refuse_list();
+}
+
+void file_in_bin::refuse_list() const {
+    (error_builder_3() << "Invalid list in" << name.data).fail();
 }
 
 void file_in_bin::read_text(string_3& out) {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstddef>
+#include <cstdint>
 
 #include "foundation/ctr_3.h"
 #include "textin/file_io.h"
@@ -29,13 +30,18 @@ public:
     double read_double();
     /// Reads what stands before a list's elements, their count and the first index, and prepares
     /// the list: it is emptied, and takes over the index if it has one. Returns the count, at least
-    /// 0. Fails with " Invalid list in" and the path if no int holds the list's last index.
+    /// 0. Fails with " Invalid list in" and the path if no int holds the list's last index, or if
+    /// the file, where its length can be had, lacks more than a MiB of the elements.
     template <typename List>
     int read_list_head(List& list) {
         const int count = read_int();
         const int base = read_int();
         list.clear();
         if (count < 1) return 0;
+        using element = typename List::value_type;
+        if constexpr (is_plain_element<element>) {
+            check_size(std::int64_t{count} * static_cast<std::int64_t>(sizeof(element)));
+        }
         if constexpr (List::has_base) {
             check_last_index(count, base);
             list.set_base(base);
@@ -58,6 +64,8 @@ public:
 
 private:
     void check_last_index(int count, int base) const;
+    void check_size(std::int64_t size);
+    [[noreturn]] void refuse_list() const;
 
     list_0_3<char> pushed_back;
 };
