@@ -1,7 +1,5 @@
 #include "catalogue/point_group_table_3.h"
 
-#include <cstring>
-
 #include "foundation/except_3.h"
 #include "foundation/sorted.h"
 
@@ -91,13 +89,13 @@ bool point_group_table_3::rewrite() {
 }
 
 void point_group_table_3::lookup(const char* symbol) {
-    // A replacement may take a pass for each character, so that the work grows with the square of
-    // the length. No name of use comes near this one.
-    if (std::strlen(symbol) > 4096) fail_with("Invalid point group");
     work = *symbol == 0 ? symbol : symbol + 1;
     work.to_lower();
     work.replace_char(':', 0);
     work.replace_char('h', 0);
+    // A replacement may take a pass for each character, so that the work grows with the square of
+    // the length. No name of use comes near this one.
+    if (work.length() > 4096) fail_with("Invalid point group");
     if (!is_key() && !rewrite()) fail_with("Invalid point group");
     normalised_ = work;
 }

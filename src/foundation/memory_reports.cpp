@@ -11,8 +11,19 @@
 
 namespace {
 
-// A report shows the heap as it is at one moment: its text must not move while it grows.
-int room_for(const char* title) { return static_cast<int>(std::strlen(title)) + 8192; }
+// The heap as it is before the text of a report takes blocks of its own.
+struct heap_counts {
+    heap_counts() : stored_bytes(the_heap().stored_bytes()) {
+        for (int i = 0; i < heap_3::n_bins; ++i) {
+            n[i] = the_heap().bin(i).n;
+            n_max[i] = the_heap().bin(i).n_max;
+        }
+    }
+
+    std::uint64_t stored_bytes;
+    std::int64_t n[heap_3::n_bins];
+    std::int64_t n_max[heap_3::n_bins];
+};
 
 const char* size_text(std::uint64_t value) { return number_text(value); }
 const char* size_text(std::int64_t value) { return size_text(static_cast<std::uint64_t>(value)); }
@@ -31,41 +42,40 @@ std::int64_t items_in_use(const allocator_4& allocator) {
 }  // namespace
 
 void report_heap(const char* title) {
-    const heap_3& heap = the_heap();
-    string_out report(room_for(title));
-    format_scratch("");
+    const heap_counts heap;
+    string_out report;
     std::int64_t n = 0;
     std::int64_t n_max = 0;
     report << title << " =======\n";
     for (int i = 0; i < heap_3::n_bins; ++i) {
-        const heap_bin_3& bin = heap.bin(i);
-        report << "Aa " << i << " n= " << size_text(bin.n);
-        report << " n0= " << size_text(bin.n_max) << " hn= " << size_text(bin.block_size) << '\n';
-        n += bin.n;
-        n_max += bin.n_max;
+        report << "Aa " << i << " n= " << size_text(heap.n[i]);
+        report << " n0= " << size_text(heap.n_max[i]);
+        report << " hn= " << size_text(heap_3::block_size_of(i)) << '\n';
+        n += heap.n[i];
+        n_max += heap.n_max[i];
     }
     report << "tot n= " << size_text(n) << " w_stored Gb= ";
-    report << number_text(static_cast<double>(heap.stored_bytes()) * 1e-9);
+    report << number_text(static_cast<double>(heap.stored_bytes) * 1e-9);
     report << " tot n0= " << size_text(n_max) << '\n';
     std::fputs(report.text(), stdout);
 }
 
 void report_bins(const char* title) {
-    string_out report(room_for(title));
-    format_scratch("");
+    const heap_counts heap;
+    string_out report;
     report << "heap_3 " << title << " ===================\n";
     for (int i = 0; i < heap_3::n_bins; ++i) {
-        const heap_bin_3& bin = the_heap().bin(i);
-        const std::uint64_t bytes = static_cast<std::uint64_t>(bin.n) * bin.block_size;
-        report << i << ' ' << size_text(bin.block_size) << ' ';
-        report << size_text(bin.n) << ' ' << size_text(bytes) << ' ';
-        report << size_text(bin.n_max) << '\n';
+        const std::uint64_t block_size = heap_3::block_size_of(i);
+        const std::uint64_t bytes = static_cast<std::uint64_t>(heap.n[i]) * block_size;
+        report << i << ' ' << size_text(block_size) << ' ';
+        report << size_text(heap.n[i]) << ' ' << size_text(bytes) << ' ';
+        report << size_text(heap.n_max[i]) << '\n';
     }
     write_console_text(report.text());
 }
 
 void report_allocators(const char* title) {
-    string_out report(room_for(title));
+    string_out report;
     report << "allocators_4 " << title << " ===================\n";
     const allocators_4& table = the_allocators();
     for (int i = 0; i < table.n; ++i) {

@@ -21,7 +21,7 @@ void sg_decoder_3::write_xyzs(stream_out& stream) {
     const int uncentred = ops.n;
     const int place = text_index(computer_symbol.data[0], lattice_letters_3);
     for (const triple_3& vector : centring_vectors_3(place)) {
-        write_centring_head(stream, vector);
+        if (uncentred > 0) write_centring_head(stream, vector);
         const int first = ops.n;
         add_centring_copies(ops, uncentred, vector);
         for (int i = first; i < ops.n; ++i) write_xyz(stream, ops[i]);

@@ -31,12 +31,17 @@ xyz_op_3 centring_copy_3(const xyz_op_3& op, const triple_3& vector) {
 }
 
 void add_centring_copies(xyz_list_3& ops, int n, const triple_3& vector) {
-    // Copies made by one vector differ from each other, so that the list before will do.
     xyz_list_3 known(ops);
     sort_xyzs_3(known);
+    xyz_list_3 copies;
+    for (int i = 0; i < n; ++i) copies.add(centring_copy_3(ops[i], vector));
+    group_record_3 equal_copies;
+    group(copies, equal_copies);
+    int_list_3 first_copies;
+    run_minima(equal_copies, first_copies);
     for (int i = 0; i < n; ++i) {
-        const xyz_op_3 copy = centring_copy_3(ops[i], vector);
-        if (bsearch(known, copy) == not_found) ops.add(copy);
+        if (first_copies[equal_copies.group[i]] != i) continue;
+        if (bsearch(known, copies[i]) == not_found) ops.add(copies[i]);
     }
 }
 

@@ -26,7 +26,7 @@ struct centring_vectors_3 {
 /// An operator moved by a vector, normalised.
 xyz_op_3 centring_copy_3(const xyz_op_3& op, const triple_3& vector);
 
-/// Appends the copies of the first `n` operators under one vector, but for those that the list had
+/// Appends the copies of the first `n` operators under one vector, but for those that the list has
 /// already. All operators must be normalised.
 void add_centring_copies(xyz_list_3& ops, int n, const triple_3& vector);
 

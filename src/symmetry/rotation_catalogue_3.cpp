@@ -1,5 +1,7 @@
 #include "symmetry/rotation_catalogue_3.h"
 
+#include <memory>
+
 #include "foundation/except_3.h"
 #include "foundation/sorted.h"
 #include "textin/data_dir.h"
@@ -83,8 +85,16 @@ const xyz_op_3& rotation_catalogue_3::find_rotation(const char* key) const {
 }
 
 const rotation_catalogue_3& rotation_catalogue() {
-    static const rotation_catalogue_3 table(data_path(rotation_file).data);
-    return table;
+    static string_3 failure;  // of the one attempt
+    if (!failure.is_empty()) fail_with(failure.data + 1);
+    try {
+        static const rotation_catalogue_3 table(data_path(rotation_file).data);
+        return table;
+    } catch (except_3* thrown) {
+        std::unique_ptr<except_3> held(thrown);
+        failure = held->text();
+        throw held.release();
+    }
 }
 
 void generator_powers(const rotation_catalogue_3& rotations, xyz_list_3& out, const char* field,

@@ -28,7 +28,8 @@ private:
     void sort_by_key(const char* path);
 };
 
-/// The matrices of sgrots3.txt, which the first call reads.
+/// The matrices of sgrots3.txt, which the first call reads. If that fails, all later calls fail
+/// with the same message.
 const rotation_catalogue_3& rotation_catalogue();
 
 /// Appends a generator, its square and so on, each normalised; the identity is the last. The three

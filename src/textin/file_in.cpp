@@ -15,7 +15,6 @@ int file_in::open(const char* new_name, int flags) {
 }
 
 int file_in::open(int flags) {
-    if (mode.is_empty()) set_mode("r");
     if (!file_io::open(flags)) return 0;
     if ((load_flags & load_text) != 0) load();
     return 1;
@@ -25,6 +24,7 @@ void file_in::close() {
     file_io::close();
     contents.reset();
     set_text(contents.text());
+    if (mode.is_empty()) set_mode("r");
 }
 
 void file_in::load() {

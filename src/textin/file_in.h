@@ -31,7 +31,7 @@ public:
     const char* file_name() const override { return name.data; }
     const char* directory() const override { return dir.data; }
     const char* stream_name() const override { return name.data; }
-    /// Empties the text as well.
+    /// Empties the text as well. An empty mode becomes "r".
     void close() override;
     int is_file() const override { return 1; }
     int tag() const override { return tag_number(); }

@@ -23,6 +23,8 @@ TEST(PointGroupTable, Lookup) {
                 {"R_-3_C", "-3m"},   {"pnnnz", "mmm"}, {"xm", "m"},
                 {"fd3m", "m-3m"},    {"pa3", "m-3"},   {"p42/nnm", "4/mmm"}};
     point_group_table_3 table;
+    table.lookup(("pmmm:" + std::string(50000, 'x')).c_str());  // the rest is cut off
+    EXPECT_STREQ(table.normalised().data, "mmm");
     for (const auto& row : rows) {
         table.lookup(row.symbol);
         EXPECT_STREQ(table.normalised().data, row.point_group) << row.symbol;

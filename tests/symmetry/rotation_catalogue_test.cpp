@@ -41,6 +41,13 @@ TEST_F(RotationCatalogue, Reads) {
     EXPECT_EQ(array_of(glued.matrices[0]), op_of("x,y,z"));
 }
 
+TEST_F(RotationCatalogue, OfTheProcessIsReadOnce) {
+    for (const char* text : {"", "rotation_matrix 1a {1 0 0 0 1 0 0 0 1 }"}) {
+        EXPECT_FAILURE(rotation_catalogue(), " Cannot open file sgrots3.txt");
+        write_file("sgrots3.txt", text);
+    }
+}
+
 TEST_F(RotationCatalogue, Failures) {
     const auto records = [](const std::string& keys) {
         std::string text;

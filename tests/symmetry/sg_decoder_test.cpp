@@ -4,6 +4,7 @@
 
 #include "support/expect_failure.h"
 #include "support/operators.h"
+#include "symmetry/centring_table.h"
 #include "symmetry/sg_decoder_3.h"
 
 namespace {
@@ -34,6 +35,13 @@ TEST(SgDecoder, WorkedExamples) {
         EXPECT_EQ(arrays_of(decoder.ops), arrays_of(xyz_list_of(row.ops)));
         EXPECT_EQ(array_of(decoder.axis_change), op_of(row.axis_change));
     }
+}
+
+TEST(CentringTable, RepeatedOperatorsAreCopiedOnce) {
+    xyz_list_3 ops = xyz_list_of("x,y,z;x,y,z;-x,-y,z;-x+1/2,-y+1/2,z+1/2");
+    add_centring_copies(ops, 'I');
+    EXPECT_EQ(arrays_of(ops), arrays_of(xyz_list_of("x,y,z;x,y,z;-x,-y,z;-x+1/2,-y+1/2,z+1/2;"
+                                                    "x+1/2,y+1/2,z+1/2")));
 }
 
 TEST(SgDecoder, FailuresInOrder) {

@@ -131,11 +131,11 @@ TEST_F(Files, ReopenAndClose) {
     EXPECT_EQ(stream.directory() + ("|"s + stream.file_name()),
               here + "sub/|sub" + sep + "a b.txt");
     EXPECT_FAILURE(in.skip_past('{'), " Cannot find { in stream sub" + sep + "a b.txt");
-    in.set_mode("");
-    EXPECT_EQ(in.open("a.txt", open_or_throw), 1);
     in.get();
+    in.set_mode("");
     in.close();
     EXPECT_STREQ(in.current(), "");
+    EXPECT_EQ(in.open("a.txt", open_or_throw), 1) << "in the mode r";
     EXPECT_EQ(file_in("a.txt", file_in::open_now).tag(), stream.tag() + 1);
 }
 

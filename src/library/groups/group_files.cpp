@@ -36,8 +36,9 @@ void load_group_xyzs_3(xyz_list_3& ops, string_3& path, const char* symbol) {
     path = names.sg_path();
     for (int i = 0; i < tries; ++i) {
         if (names.sg_file_exists()) {
+            file_in file(path, file_in::data_file);
             console_stream() << "Loading xyz's for " << symbol << " from file " << path << '\n';
-            return load_sg_file_xyzs_3(path, ops);
+            return load_xyzs_3(file, ops);
         }
         generate_missing_sg(names, symbol);
     }

@@ -45,25 +45,23 @@ string_3 names_of_record(char_range_3 body) {
 }  // namespace
 
 void load_sg_names(vector_string_3& names) {
-    vector_string_3 loaded;
-    loaded.new_n(n_space_groups);
-    loaded.set_base(1);
+    names.new_n(n_space_groups);
+    names.set_base(1);
     file_in file(catalogue_path(), file_in::data_file);
     while (file.peek_non_white() != 0) {
         const int number = file.read_int();
         if (number < 1 || number > n_space_groups) {
             (error_builder_3() << "File" << catalogue_path() << "is corrupt").fail();
         }
-        if (!loaded[number].is_empty()) {
+        if (!names[number].is_empty()) {
             file.skip_past('}');
             continue;
         }
         file.skip_past('{');
         const char* const body = file.current();
         file.skip_block('{', '}');
-        loaded[number] = names_of_record({body, file.current() - 1});
+        names[number] = names_of_record({body, file.current() - 1});
     }
-    names.take(loaded);
 }
 
 const vector_string_3& sg_name_table() {

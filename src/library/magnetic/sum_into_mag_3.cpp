@@ -137,13 +137,17 @@ namespace {
 
 using mask_table = B_sum_into_mag_3* [n_masks];
 
-// The 64 objects that add and the 64 that store. None of them is ever destroyed.
+// The 64 objects that add and the 64 that store. None of them is ever destroyed. What an attempt
+// got before memory ran out serves the next one.
 void build_mask_table(mask_table& table) {
-    void* places[n_masks];
-    for (int m = 0; m < n_masks; ++m) places[m] = alloc_block(sizeof(adding_sum_into_mag_3));
+    static_assert(sizeof(adding_sum_into_mag_3) == sizeof(storing_sum_into_mag_3));
+    static void* places[2 * n_masks];
+    static int n_places = 0;
+    for (; n_places < 2 * n_masks; ++n_places) {
+        places[n_places] = alloc_block(sizeof(adding_sum_into_mag_3));
+    }
     for (int m = 0; m < n_masks; ++m) {
-        void* const place = alloc_block(sizeof(storing_sum_into_mag_3));
-        const auto* twin = ::new (place) storing_sum_into_mag_3(nullptr, m);
+        const auto* twin = ::new (places[n_masks + m]) storing_sum_into_mag_3(nullptr, m);
         table[m] = ::new (places[m]) adding_sum_into_mag_3(twin, m);
     }
 }

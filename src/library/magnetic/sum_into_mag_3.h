@@ -19,8 +19,8 @@ struct e_sum_into_mag_1 {
     static void take(double& to, double value) { to = value; }
 };
 
-/// The operations for moments in which certain numbers are 0, which are left out. Objects either
-/// add to the rows or overwrite them; below, "gives" stands for both.
+/// The operations. Objects either add to the rows or overwrite them; below, "gives" stands for
+/// both. The mask of an object names numbers of the moment; all objects work on all six numbers.
 class B_sum_into_mag_3 {
 public:
     /// The real form with a factor from `t`.
@@ -72,14 +72,14 @@ using storing_sum_into_mag_3 = sum_into_mag_3<e_sum_into_mag_1, e_sum_into_mag_1
 /// The object for the mask `m`, 0 to 63, that adds. The 128 objects are shared and never go.
 const B_sum_into_mag_3* mask_entry(int m);
 
-/// What mask_of finds out: which object is the quickest that is right for a moment. It takes a
-/// number of at most 1e-11 in size for 0.
+/// What mask_of finds out: which numbers of a moment aren't 0, and the object with this mask. A
+/// number of at most 1e-11 in size is taken for 0.
 struct moment_mask_3 {
     int mask;
     const B_sum_into_mag_3* entry;
 };
 moment_mask_3 mask_of(const moment_3& moment);
 
-/// An object that is right for two moments, or for a whole list of them.
+/// The object whose mask has the bits of both, or of a whole list.
 const B_sum_into_mag_3* combine(const B_sum_into_mag_3* a, const B_sum_into_mag_3* b);
 const B_sum_into_mag_3* combine(const mag_entry_list_3& list);

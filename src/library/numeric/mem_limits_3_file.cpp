@@ -37,7 +37,7 @@ std::uint64_t whole_bytes(double bytes) {
 
 void mem_limits_3::read_max_mem() {
     if (limit_bytes != no_limit) return;
-    file_in file(data_path("MaxMem.TXT"), file_in::open_now | file_in::load_text);
+    file_in file(data_path("MaxMem.TXT"), file_in::data_file);
     const double first = read_limit_number(file);
     const double second = read_limit_number(file);
     physical_gb = physical_memory_gb();

@@ -46,12 +46,14 @@ TEST_F(MemLimits, FromTheFile) {
                 {"", 0},
                 {"many 0.25", bytes(physical * 0.25)},
                 {"nan 1", bytes(physical)},
-                {"'3", 0},  // no comments here
+                {"/* 9 */ 3 '7", 3 * gib},
                 {"-inf", 0},
                 {"17179869184", most},
                 {"1e999", most},
                 {"0.000000001", 1}};
     EXPECT_FAILURE(mem_limits_3().read_max_mem(), " Cannot open file MaxMem.TXT");
+    write_file("MaxMem.TXT", "3 /* GiB");
+    EXPECT_FAILURE(mem_limits_3().read_max_mem(), " Unclosed comment block");
     EXPECT_EQ(the_heap().before_alloc, nullptr);
     std::filesystem::create_directory("data");
     const std::string prefix = std::string("data") + platform_separator;
@@ -164,12 +166,15 @@ TEST(HeapTrim, ByAge) {
 TEST(MemoryReports, Heap) {
     the_heap().trim(1);
     free_blocks(2, large);
+    format_scratch("").clear();  // the report has to ask for its scratch text
+    const int n_of_bin_10 = static_cast<int>(the_heap().bin(10).n);
     captured_console console;
     report_bins("of a test");
     std::vector<std::string> lines = split(console.text, '\n');
     ASSERT_EQ(lines.size(), 32U);
     EXPECT_EQ(lines[0], "heap_3 of a test ===================");
     EXPECT_EQ(lines[20], "19 1048576 2 2097152 16");
+    EXPECT_TRUE(lines[11].starts_with("10 2048 " + std::to_string(n_of_bin_10) + " "));
     testing::internal::CaptureStdout();
     report_heap("of a test");
     std::fflush(stdout);
