@@ -14,6 +14,10 @@ extern const char* const platform_program_prefix;
 /// Whether a character separates the parts of a path as a user may type it.
 bool platform_is_separator(char c);
 
+/// Whether a file in a directory can have the name: it is no device, and has no character that the
+/// system doesn't take in names, such as a separator.
+bool platform_can_name_file(const char* name);
+
 /// Whether a directory's text may end in `c` directly before a file's name: a separator, or the
 /// colon of a drive.
 bool platform_ends_directory(char c);

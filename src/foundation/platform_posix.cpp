@@ -2,6 +2,7 @@
 
 #include <cerrno>
 #include <cstdio>
+#include <cstring>
 #include <fcntl.h>
 #include <spawn.h>
 #include <sys/stat.h>
@@ -17,6 +18,8 @@ const char platform_separator = '/';
 const char* const platform_program_prefix = "./";
 
 bool platform_is_separator(char c) { return c == '/'; }
+
+bool platform_can_name_file(const char* name) { return std::strchr(name, '/') == nullptr; }
 
 bool platform_ends_directory(char c) { return c == '/'; }
 

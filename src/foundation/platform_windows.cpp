@@ -16,6 +16,25 @@ const char* const platform_program_prefix = "";
 
 bool platform_is_separator(char c) { return c == '\\' || c == '/'; }
 
+// A device keeps its name with an ending behind it: AUX.sg is AUX.
+static bool is_device(const char* name) {
+    string_3 stem(name);
+    stem.replace_char('.', 0);
+    stem.to_lower();
+    for (const char* device : {"con", "prn", "aux", "nul", "conin$", "conout$"}) {
+        if (stem == device) return true;
+    }
+    const bool has_number = text_starts(stem.data, "com") || text_starts(stem.data, "lpt");
+    return has_number && stem.length() == 4 && stem.data[3] >= '0' && stem.data[3] <= '9';
+}
+
+bool platform_can_name_file(const char* name) {
+    for (const char* c = name; *c != 0; ++c) {
+        if ((*c > 0 && *c < ' ') || text_index(*c, "\\/:*?\"<>|") != not_found) return false;
+    }
+    return !is_device(name);
+}
+
 bool platform_ends_directory(char c) { return c == '\\' || c == '/' || c == ':'; }
 
 bool platform_is_absolute(const char* path) {

@@ -1,8 +1,11 @@
 #include "foundation/text.h"
 
 #include <charconv>
+#include <clocale>
 #include <cstdlib>
 #include <limits>
+
+#include "foundation/string_out.h"
 
 int text_less(const char* a, const char* b) {
     while (*a == *b && *a != 0) {
@@ -33,7 +36,35 @@ int int_of_text(const char* text) {
     return static_cast<int>(value);
 }
 
-double double_of_text(const char* text) { return std::strtod(text, nullptr); }
+static const char* locale_point() { return std::localeconv()->decimal_point; }
+
+double double_of_text(const char* text) {
+    const char* const point = locale_point();
+    if (text_equal(point, ".")) return std::strtod(text, nullptr);
+    // As the locale writes the number; where the text has the locale's point, the number ends.
+    const char* const end = std::strstr(text, point);
+    string_out local;
+    for (const char* c = text; *c != 0 && c != end; ++c) {
+        if (*c == '.') {
+            local << point;
+        } else {
+            local << *c;
+        }
+    }
+    return std::strtod(local.text(), nullptr);
+}
+
+void use_plain_point(char* text) {
+    const char* const point = locale_point();
+    if (text_equal(point, ".")) return;
+    const std::size_t length = std::strlen(point);
+    for (char* c = std::strstr(text, point); c != nullptr; c = std::strstr(c + 1, point)) {
+        if (c == text || c[-1] < '0' || c[-1] > '9') continue;
+        *c = '.';
+        std::memmove(c + 1, c + length, std::strlen(c + length) + 1);
+        return;
+    }
+}
 
 vec_3<char, int, ctr_base_0_3<char, char, mem_copy_3<char, char>>>& format_scratch(
     const char* format) {

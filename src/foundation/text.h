@@ -3,6 +3,7 @@
 #include <cstdint>
 #include <cstdio>
 #include <cstring>
+#include <type_traits>
 
 #include "foundation/ctr_3.h"
 #include "foundation/not_found.h"
@@ -60,12 +61,16 @@ constexpr char lower_char(char c) { return c >= 'A' && c <= 'Z' ? static_cast<ch
 /// digits it is 0; a number beyond 32 bits gives the nearest one that fits.
 int int_of_text(const char* text);
 
-/// The number at the start of a text, as atof takes it.
+/// The number at the start of a text, as atof takes it. This and the operations below have points
+/// in numbers, whatever the locale of the program.
 double double_of_text(const char* text);
 
 /// Where format_number writes: one buffer for the whole program, made large enough for `format`.
 vec_3<char, int, ctr_base_0_3<char, char, mem_copy_3<char, char>>>& format_scratch(
     const char* format);
+
+/// Turns the first decimal point in a text that printf wrote from that of the locale into a `.`.
+void use_plain_point(char* text);
 
 /// Writes a number as printf does. All calls write into one buffer: use the text, or copy it,
 /// before another number is written.
@@ -73,6 +78,7 @@ template <typename Number>
 const char* format_number(const char* format, Number value) {
     auto& scratch = format_scratch(format);
     std::snprintf(scratch.p, static_cast<std::size_t>(scratch.n_max), format, value);
+    if constexpr (std::is_floating_point_v<Number>) use_plain_point(scratch.p);
     return scratch.p;
 }
 

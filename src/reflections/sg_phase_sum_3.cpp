@@ -96,14 +96,21 @@ void sg_phase_sum_3::group_entries(xyz_list_3& rotations, const int_list_3& kind
     group(rotations, record);
     groups.new_n(record.unique.n);
     group_kinds.new_n(record.unique.n);
+    list_0_3<char> digits;  // those of one group after those of the other
+    digits.set_n(entries.n);
+    int_list_3 ends;
+    ends.new_n_zero(groups.n);
+    for (int g = 1; g < groups.n; ++g) ends[g] = ends[g - 1] + record.count[g - 1];
     for (int e = 0; e < entries.n; ++e) {
         const int g = record.group[e];
         groups[g].add(entries[e][0]);
         if (magnetic != nullptr) magnetic->entry_groups.add(g);
-        group_kinds[g].append(static_cast<char>(kinds[e]));
+        digits[ends[g]++] = static_cast<char>(kinds[e]);
     }
     group_unpaired.set_n(groups.n);
     for (int g = 0; g < groups.n; ++g) {
+        const int count = record.count[g];
+        group_kinds[g].assign_range(digits.p + ends[g] - count, count);
         group_unpaired[g] = text_index('1', group_kinds[g].data) != not_found;
         if (group_unpaired[g] != 0) flags |= has_unpaired;
     }

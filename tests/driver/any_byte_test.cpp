@@ -3,6 +3,7 @@
 #include <string>
 
 #include "driver/sg_driver_3.h"
+#include "foundation/platform.h"
 #include "support/scratch_dir.h"
 #include "textout/console.h"
 #include "textout/sstring_out.h"
@@ -27,13 +28,16 @@ TEST(Driver, AnyByteAsSymbol) {
     const std::string bad_symbol = " Error in space group symbol\n";
     for (int byte = 1; byte < 256; ++byte) {
         const char c = static_cast<char>(byte);
+        const char text[] = {c, 0};
         const bool letter = std::string_view("pabcifrPABCIFR").find(c) != std::string_view::npos;
         const std::string expected = c == '(' || c == ')' || c == ' ' ? " No Spacegroup\n"
                                      : letter                         ? not_found
                                      : c >= '1' && c <= '9'           ? ""
                                                                       : bad_symbol;
         EXPECT_EQ(console_of(std::string(1, c)), expected) << byte;
-        EXPECT_EQ(console_of("P9" + std::string(1, c)), not_found) << byte;
+        const bool names_file = c == '/' || c == ':' || platform_can_name_file(text);
+        EXPECT_EQ(console_of("P9" + std::string(1, c)), names_file ? not_found : bad_symbol)
+            << byte;
     }
 }
 

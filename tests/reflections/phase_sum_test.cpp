@@ -5,6 +5,7 @@
 #include <numbers>
 #include <string>
 
+#include "foundation/heap_3.h"
 #include "reflections/hkl_generator_3.h"
 #include "support/operators.h"
 
@@ -43,6 +44,21 @@ TEST(PhaseSum, Structure) {
         }
         EXPECT_EQ(kinds, row.kinds);
     }
+}
+
+// The work for repeated operators grows no faster than their number.
+TEST(PhaseSum, RepeatedOperators) {
+    constexpr int n = 20000;
+    static std::size_t requested;
+    requested = 0;
+    xyz_list_3 ops = xyz_list_of("x,y,z");
+    for (int i = 1; i < n; ++i) ops.add(ops[0]);
+    sg_phase_sum_3 sum;
+    the_heap().before_alloc = [](std::size_t size) { requested += size; };
+    sum.set_up(ops);
+    the_heap().before_alloc = nullptr;
+    EXPECT_EQ(sum.group_kinds[0], std::string(n, '1').c_str());
+    EXPECT_LT(requested, std::size_t{1000} * n);
 }
 
 TEST(PhaseSum, EverySetting) {

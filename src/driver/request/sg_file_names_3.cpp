@@ -12,6 +12,14 @@ bool ends_in(const string_3& text, const char* ending) {
     return skipped >= 0 && text_equal(text.data + skipped, ending);
 }
 
+// A key as the name of a file.
+string_3 stem_of_key(const string_3& key) {
+    string_3 stem(key);
+    stem.replace_char('/', 'o');
+    stem.replace_char(':', 'q');
+    return stem;
+}
+
 // The catalogue's key for a symbol, or the empty text.
 string_3 key_of_symbol(const string_3& symbol) {
     string_3 key(symbol);
@@ -22,6 +30,7 @@ string_3 key_of_symbol(const string_3& symbol) {
     key.replace_char('h', 0);
     if (ends_in(key, ":1")) key.data[key.length() - 2] = 0;
     if (!is_number && text_index(key.data[0], "pabcifr") == not_found) key.clear();
+    if (!platform_can_name_file(stem_of_key(key).data)) key.clear();
     return key;
 }
 
@@ -57,9 +66,7 @@ const string_3& sg_file_names_3::lower_symbol() {
 
 const string_3& sg_file_names_3::file_stem() {
     if (file_stem_.is_empty() && is_valid()) {
-        file_stem_ = lower_symbol_;
-        file_stem_.replace_char('/', 'o');
-        file_stem_.replace_char(':', 'q');
+        file_stem_ = stem_of_key(lower_symbol_);
     }
     return file_stem_;
 }

@@ -14,7 +14,8 @@ public:
     /// Chooses where the output files go. A separator at the end of `text` is left out.
     void set_out_dir(const char* text);
 
-    /// Whether the symbol may name a group: it is a number, or begins with a lattice letter.
+    /// Whether the symbol may name a group: it is a number, or begins with a lattice letter, and
+    /// the system takes file_stem() as the name of a file.
     bool is_valid();
 
     /// What to look for in the catalogue, or empty if is_valid() says no: the symbol in lower case

@@ -29,6 +29,12 @@ TEST(SgFileNames, KeysAndFiles) {
         names.set_symbol(invalid);
         EXPECT_TRUE(names.sg_path().is_empty()) << invalid;
     }
+    // What one system takes for a device or for another directory is a file on the other.
+    for (const char* typed : {"AUX", "C/n", "com1", "prn.1", "p1\\..\\x", "p*", "p\x1f"}) {
+        sg_file_names_3 names;
+        names.set_symbol(typed);
+        EXPECT_EQ(names.is_valid(), platform_separator == '/') << typed;
+    }
     EXPECT_FAILURE(sg_file_names_3().set_symbol(")( "), " No Spacegroup");
 }
 
