@@ -1,0 +1,118 @@
+#include <CLI/App.hpp>
+#include <cctype>
+#include <cmath>
+#include <fmt/format.h>
+
+#include "command/command.h"
+#include "drawing/diagram.h"
+#include "group/magnetic_group.h"
+#include "group/names.h"
+
+namespace lomar {
+
+namespace {
+
+struct drawn_group {
+    std::string name;
+    std::vector<symop> operators;
+};
+
+// A prime, an underscore before a letter, or two numbers with a point: what no name of a space
+// group has.
+bool looks_magnetic(const std::string& symbol) {
+    for (std::size_t i = 0; i < symbol.size(); ++i) {
+        const auto next = static_cast<unsigned char>(i + 1 < symbol.size() ? symbol[i + 1] : ' ');
+        if (symbol[i] == '\'' || (symbol[i] == '.' && std::isdigit(next) != 0)) return true;
+        if (symbol[i] == '_' && std::isalpha(next) != 0) return true;
+    }
+    return false;
+}
+
+drawn_group magnetic_of(const std::string& symbol) {
+    const magnetic_facts& row = find_magnetic(symbol);
+    return {std::string(row.bns_symbol) + " (" + std::string(row.bns_number) + ")",
+            group_of(row).operators};
+}
+
+drawn_group group_named(const std::string& symbol, bool magnetic) {
+    if (magnetic) return magnetic_of(symbol);
+    if (looks_magnetic(symbol)) {
+        try {
+            return magnetic_of(symbol);
+        } catch (const unknown_symbol&) {
+            // The message about space groups is the better one.
+        }
+    }
+    const named_group found = resolve_symbol(symbol);
+    return {found.group.name, found.group.operators};
+}
+
+void check_cell(const std::vector<symop>& operators, const cell_parameters& cell) {
+    const cell_parameters fits = fitting_cell(operators, cell);
+    for (std::size_t i = 0; i < 6; ++i) {
+        const double allowed = i < 3 ? 0.001 * cell[i] : 0.1;
+        if (std::fabs(cell[i] - fits[i]) <= allowed) continue;
+        throw input_error(fmt::format(
+            "the cell does not fit the group: {} is {:.6g}; one that fits: {:.6g} {:.6g} {:.6g} "
+            "{:.6g} {:.6g} {:.6g}",
+            std::array{"a", "b", "c", "alpha", "beta", "gamma"}[i], cell[i], fits[0], fits[1],
+            fits[2], fits[3], fits[4], fits[5]));
+    }
+}
+
+class draw_command : public command {
+public:
+    std::string_view name() const override { return "draw"; }
+    std::string_view summary() const override {
+        return "the diagrams of symmetry elements and general positions, as SVG";
+    }
+    std::vector<std::string_view> formats() const override { return {"svg"}; }
+
+    void declare(CLI::App& app) override {
+        app.add_option("SYMBOL", symbol, "The name of a space group or magnetic group")->required();
+        app.add_option("--axis", axis,
+                       "Look along a, b or c; else along the unique axis of a monoclinic group, "
+                       "along c of all others")
+            ->type_name("AXIS");
+        app.add_option("--what", what, "elements, positions or both")->type_name("WHAT");
+        app.add_option("--cell", cell, "A B C ALPHA BETA GAMMA: the shape of the cell")
+            ->expected(6)
+            ->type_name("NUMBER");
+        app.add_flag("--magnetic", magnetic, "The symbol is that of a magnetic group");
+    }
+
+    void run(output& out) override {
+        diagram_options options;
+        if (what == "both") {
+            options.what = diagram_part::both;
+        } else if (what == "positions") {
+            options.what = diagram_part::positions;
+        } else if (what != "elements") {
+            throw usage_error("'" + what + "' can't be drawn; elements, positions or both can");
+        }
+        if (!axis.empty() && (axis.size() > 1 || axis[0] < 'a' || axis[0] > 'c')) {
+            throw usage_error("'" + axis + "' is no axis; a, b and c are");
+        }
+        const drawn_group group = group_named(symbol, magnetic);
+        options.name = group.name;
+        options.axis = axis.empty() ? customary_axis(group.operators) : axis[0] - 'a';
+        if (!cell.empty()) {
+            options.cell.emplace();
+            std::copy(cell.begin(), cell.end(), options.cell->begin());
+            check_cell(group.operators, *options.cell);
+        }
+        out.write(diagram_svg(group.operators, options));
+    }
+
+private:
+    std::string symbol, axis, what = "elements";
+    std::vector<double> cell;
+    bool magnetic = false;
+};
+
+}  // namespace
+
+std::unique_ptr<command> make_draw_command();
+std::unique_ptr<command> make_draw_command() { return std::make_unique<draw_command>(); }
+
+}  // namespace lomar

@@ -1,0 +1,34 @@
+#include "drawing/element_set.h"
+
+#include "drawing/element_gatherer.h"
+
+namespace lomar {
+
+namespace {
+
+std::size_t cell_axis(int axis, std::size_t of_view) {
+    return (static_cast<std::size_t>(axis) + 1 + of_view) % 3;
+}
+
+}  // namespace
+
+int_vector to_view(const int_vector& v, int axis) {
+    int_vector result;
+    for (std::size_t i = 0; i < 3; ++i) result[i] = v[cell_axis(axis, i)];
+    return result;
+}
+
+symop to_view(const symop& op, int axis) {
+    symop result = op;
+    for (std::size_t i = 0; i < 3; ++i) {
+        result.rot[i] = to_view(op.rot[cell_axis(axis, i)], axis);
+        result.trans[i] = op.trans[cell_axis(axis, i)];
+    }
+    return result;
+}
+
+element_set elements_of(std::span<const symop> operators, int axis) {
+    return element_gatherer(operators, axis).take();
+}
+
+}  // namespace lomar
