@@ -72,6 +72,7 @@ bool holds(const phase_group& group, const fraction_vector& phases) {
 }
 
 void extend(phase_group& group, const fraction_vector& phases) {
+    if (holds(group, phases)) return;
     const std::vector<fraction_vector> multiples = multiples_of(phases);
     phase_group sums;
     for (const fraction_vector& member : group) {
@@ -190,10 +191,11 @@ std::vector<condition_part> parts_of(const hkl_class& which, const phase_group& 
 
 // The classes of the group's own operators that have conditions which no wider class implies.
 void add_own_classes(std::vector<hkl_class>& classes, const space_group& group) {
-    std::vector<hkl_class> own_classes;
+    std::vector<hkl_class> of_rotation;
     for (const symop& op : group.representatives()) {
-        own_classes.push_back(reflections_fixed_by(op.rot));
+        of_rotation.push_back(reflections_fixed_by(op.rot));
     }
+    std::vector<hkl_class> own_classes = of_rotation;
     std::stable_sort(own_classes.begin(), own_classes.end(),
                      [](const auto& a, const auto& b) { return a.n_parameters > b.n_parameters; });
     for (const hkl_class& own : own_classes) {
@@ -202,10 +204,11 @@ void add_own_classes(std::vector<hkl_class>& classes, const space_group& group) 
         };
         if (own.n_parameters == 0 || std::any_of(classes.begin(), classes.end(), same)) continue;
         phase_group implied = {{}};
-        for (const symop& other : group.operators) {
-            if (reflections_fixed_by(other.rot).n_parameters > own.n_parameters &&
-                own.fixed_by(other.rot)) {
-                extend(implied, phases_of(other.trans, own));
+        for (std::size_t i = 0; i < group.operators.size(); ++i) {
+            const hkl_class& other = of_rotation[i % group.primitive_order()];
+            const symop& op = group.operators[i];
+            if (other.n_parameters > own.n_parameters && own.fixed_by(op.rot)) {
+                extend(implied, phases_of(op.trans, own));
             }
         }
         if (implied.size() < phases_on(own, group.operators).size()) classes.push_back(own);
@@ -215,10 +218,9 @@ void add_own_classes(std::vector<hkl_class>& classes, const space_group& group) 
 }  // namespace
 
 bool reflection_condition::broken_by(const int_vector& hkl) const {
-    if (pattern * (parameters * hkl) != hkl) return false;
     std::int64_t sum = 0;
     for (std::size_t i = 0; i < 3; ++i) sum += std::int64_t{linear[i]} * hkl[i];
-    return sum % modulus != 0;
+    return sum % modulus != 0 && pattern * (parameters * hkl) == hkl;
 }
 
 std::vector<reflection_condition> conditions_of(const space_group& group) {

@@ -101,7 +101,16 @@ bool hkl_class::contains(const hkl_class& other) const {
 }
 
 bool hkl_class::fixed_by(const int_matrix& rotation) const {
-    return transposed(rotation) * pattern == pattern;
+    for (std::size_t column = 0; column < static_cast<std::size_t>(n_parameters); ++column) {
+        for (std::size_t j = 0; j < 3; ++j) {
+            std::int64_t image = 0;
+            for (std::size_t i = 0; i < 3; ++i) {
+                image += std::int64_t{rotation[i][j]} * pattern[i][column];
+            }
+            if (image != pattern[j][column]) return false;
+        }
+    }
+    return true;
 }
 
 std::string hkl_class::name(bool four_indices) const {

@@ -200,8 +200,9 @@ site site_of(const space_group& group, const fraction_vector& point, const fract
 
 site site_of(const space_group& group, const std::vector<wyckoff_position>& positions,
              const fraction_vector& point, const fraction& tolerance) {
-    if (tolerance < fraction() || tolerance > fraction(1, 10)) {
-        throw std::invalid_argument("a tolerance is from 0 to 1/10, not " + tolerance.text());
+    if (tolerance < fraction() || tolerance > largest_tolerance()) {
+        throw std::invalid_argument("a tolerance is from 0 to " + largest_tolerance().text() +
+                                    ", not " + tolerance.text());
     }
     const fraction_vector asked = usable(point);
     site best = most_special(positions, group, asked, tolerance);

@@ -20,18 +20,6 @@ void add_facts(json& object, const named_group& named) {
     object["assumed"] = named.assumed;
 }
 
-json operator_json(const symop& op, const symmetry_element& element) {
-    json result;
-    result["xyz"] = xyz_text(op);
-    result["kind"] = kind_text(element.kind);
-    result["sense"] = element.sense;
-    result["axis"] = element.kind == 1 || element.kind == -1 ? json() : json(element.axis);
-    result["intrinsic"] = to_json(element.intrinsic);
-    result["location"] = text_or_null(location_text(element));
-    result["seitz"] = seitz_text(op);
-    return result;
-}
-
 json condition_json(const reflection_condition& condition) {
     json result;
     result["class"] = condition.reflection_class;
@@ -64,6 +52,18 @@ void add_names(json& object, const space_group& group) {
     object["setting"] = text_or_null(setting_text(group));
     object["hall"] = group.hall;
     object["schoenflies"] = row.schoenflies;
+}
+
+json operator_json(const symop& op, const symmetry_element& element) {
+    json result;
+    result["xyz"] = xyz_text(op);
+    result["kind"] = kind_text(element.kind);
+    result["sense"] = element.sense;
+    result["axis"] = element.kind == 1 || element.kind == -1 ? json() : json(element.axis);
+    result["intrinsic"] = to_json(element.intrinsic);
+    result["location"] = text_or_null(location_text(element));
+    result["seitz"] = seitz_text(op);
+    return result;
 }
 
 json show_json(const group_report& report) {

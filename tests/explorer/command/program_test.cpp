@@ -55,6 +55,50 @@ INSTANTIATE_TEST_SUITE_P(
         usage_case{{"show", "[q]"}, 1, "'[q]'"}, usage_case{{"show", "Q\n1"}, 1, "'Q\\x0a1'"},
         usage_case{{"show", "\x1b[2J"}, 1, "\\x1b[2J"}));
 
+// Arguments that only these commands have.
+INSTANTIATE_TEST_SUITE_P(
+    numbers, usage,
+    ::testing::Values(
+        usage_case{{"site", "P -1", "0", "-1/2", "-.25"}, 0, ""},
+        usage_case{{"site", "P -1", "0", "0"}, 2, "Z is required"},
+        usage_case{{"site", "P -1", "0", "0", "1/0"}, 2, "'1/0' is not a number"},
+        usage_case{{"site", "P -1", "0", "0", "1e3"}, 2, "'1e3' is not a number"},
+        usage_case{{"site", "P -1", "0", "0", "0", "--tolerance", "0.2"}, 2, "from 0 to 1/10"},
+        usage_case{{"site", "P -1", "0", "0", "12345678"}, 1, "12345678 is too far"},
+        usage_case{{"site", "Q", "0", "0", "0"}, 1, "'Q'"},
+        usage_case{{"reflections", "P 1", "--limits", "0", "0", "0"}, 0, ""},
+        usage_case{{"reflections", "P 1"}, 2, "either --limits or --cell"},
+        usage_case{{"reflections", "P 1", "--limits", "1", "1"}, 2, "--limits lacks a value"},
+        usage_case{{"reflections", "P 1", "--limits", "1", "-1", "1"}, 2, "below 0"},
+        usage_case{{"reflections", "P 1", "--limits", "1", "x", "1"}, 2, "--limits"},
+        usage_case{{"reflections", "P 1", "--limits", "1", "99999999999", "1"}, 2, "--limits"},
+        usage_case{{"reflections", "P 1", "--limits", "999999", "1", "1"}, 1, "too large"},
+        usage_case{{"reflections", "P 1", "--limits", "1", "1", "1", "--wavelength", "1"},
+                   2,
+                   "--wavelength wants --cell"},
+        usage_case{{"reflections", "P 1", "--limits", "1", "1", "1", "--d-min", "1"},
+                   2,
+                   "want each other"},
+        usage_case{{"reflections", "P 1", "--cell", "4", "5", "6", "90", "90", "90"},
+                   2,
+                   "want each other"},
+        usage_case{
+            {"reflections", "P 1", "--cell", "4", "5", "6", "90", "90", "90", "--d-min", "nan"},
+            2,
+            "--d-min wants a number above 0"},
+        usage_case{
+            {"reflections", "P 1", "--cell", "4", "5", "-6", "90", "90", "90", "--d-min", "2"},
+            1,
+            "c = -6 is no length"},
+        usage_case{
+            {"reflections", "P 4", "--cell", "4", "5", "6", "90", "90", "90", "--d-min", "2"},
+            1,
+            "a = b is broken by 4 and 5"},
+        usage_case{
+            {"reflections", "P 1", "--cell", "4", "5", "6", "90", "90", "90", "--d-min", "1e-9"},
+            1,
+            "more than 10000000 reflections"}));
+
 TEST(output_file, holds_the_answer_and_replaces_what_was_there) {
     const scratch_dir scratch;
     const std::string answer = run_tool({"show", "P -1"}).console;
