@@ -2,12 +2,12 @@
 
 #include <algorithm>
 #include <stdexcept>
-#include <tuple>
 
 #include "catalogue/catalogue_scan_3.h"
 #include "catalogue/point_group_table_3.h"
 #include "foundation/except_3.h"
 #include "group/embedded_data.h"
+#include "group/generated_group.h"
 #include "reflections/sg_sections.h"
 #include "sgfile/sg_reader.h"
 #include "sgfile/sg_writer.h"
@@ -44,20 +44,9 @@ std::vector<fraction_vector> centring_of(char letter) {
     return result;
 }
 
-// The order for reading: proper rotations first, and low orders, so that the identity leads; -1
-// leads the improper ones.
-auto reading_order(const int_matrix& rot) {
-    const bool improper = determinant(rot) < 0;
-    const int order = rotation_order(improper ? negated(rot) : rot);
-    return std::tuple(improper, order, negated(rot));
-}
-
 // One operator for each rotation, since a product of d glides may hold centring copies.
 void keep_representatives(std::vector<symop>& ops) {
-    std::sort(ops.begin(), ops.end(), [](const symop& a, const symop& b) {
-        return std::tuple(reading_order(a.rot), a.trans) <
-               std::tuple(reading_order(b.rot), b.trans);
-    });
+    sort_for_reading(ops);
     const auto same_rotation = [](const symop& a, const symop& b) { return a.rot == b.rot; };
     ops.erase(std::unique(ops.begin(), ops.end(), same_rotation), ops.end());
 }

@@ -1,6 +1,10 @@
 #include "group/names.h"
 
+#include "analysis/identify.h"
 #include "group/assumptions.h"
+#include "group/generated_group.h"
+#include "group/hall_symbol.h"
+#include "group/suggestions.h"
 #include "group/symbol_search.h"
 #include "group/symbol_text.h"
 
@@ -15,22 +19,102 @@ void check_length(std::string_view symbol) {
     }
 }
 
-[[noreturn]] void refuse(std::string_view symbol) {
-    throw unknown_symbol(quoted(symbol) + " names no space group");
+[[noreturn]] void refuse(std::string_view symbol, const symbol_parts& parts) {
+    const std::string start = quoted(symbol) + " names no space group";
+    if (is_group_number(parts.base) && parts.mark.empty()) {
+        throw unknown_symbol(start + ": their numbers run from 1 to 230");
+    }
+    throw unknown_symbol(start + near_text(near_names(parts)));
+}
+
+// The text of a Hall symbol, to compare with the table.
+std::string hall_text(std::string_view plain) {
+    std::string result;
+    for (const char c : plain) {
+        const char next = c == '_' ? ' ' : c;
+        if (next != ' ' || !result.ends_with(' ')) result += next;
+    }
+    return result;
+}
+
+const setting* find_tabulated_hall(const std::string& text) {
+    for (const setting& row : settings()) {
+        if (lower_case(row.hall) == text) return &row;
+    }
+    return nullptr;
+}
+
+// Whether a text shows by more than digits that it is a Hall symbol: `P 21 2` is rather a slip.
+bool is_plainly_hall(const std::string& text) {
+    if (text.starts_with('-')) return true;
+    const std::size_t blank = text.find(' ');
+    if (blank != 1) return false;
+    const std::size_t mark = text.find_first_of("xyz'\"*", blank);
+    if (mark != std::string::npos) return true;
+    for (std::size_t i = blank + 1; i < text.size(); ++i) {
+        const bool after_digit = text[i - 1] >= '1' && text[i - 1] <= '6';
+        if (after_digit && std::string_view("abcnuvwd").find(text[i]) != std::string_view::npos) {
+            return true;
+        }
+    }
+    return false;
+}
+
+// The group of a Hall symbol that the table lacks.
+space_group group_of_operators(const hall_group& hall) {
+    const identification found = identify(hall.operators);
+    if (found.match == match_kind::exact) return group_of(*found.row);
+    space_group result;
+    result.row = &standard_setting(found.row->number);
+    result.tabulated = false;
+    result.name = "hall:" + hall.symbol;
+    result.hall = hall.symbol;
+    result.to_standard = found.change * found.row->to_standard();
+    const char letter = lattice_letter(hall.centring);
+    if (letter != 0) result.lattice = letter;
+    result.centring = hall.centring;
+    result.operators = hall.operators;
+    return result;
+}
+
+named_group group_of_hall(const std::string& text) {
+    named_group result;
+    const setting* row = find_tabulated_hall(text);
+    if (row != nullptr) {
+        result.group = group_of(*row);
+    } else {
+        result.group = group_of_operators(decode_hall(text));
+    }
+    result.assumed.push_back("read as a Hall symbol");
+    return result;
+}
+
+named_group group_of_name(const symbol_parts& parts, const setting& row) {
+    named_group result;
+    result.group = group_of(row);
+    add_assumptions(parts, result);
+    const setting* const hall = find_tabulated_hall(hall_text(parts.plain));
+    if (hall != nullptr && hall->number != row.number) {
+        result.alternatives.push_back("hall:" + std::string(hall->hall) + " (the Hall symbol, " +
+                                      hall->name() + ")");
+    }
+    return result;
 }
 
 }  // namespace
 
 named_group resolve_symbol(std::string_view symbol) {
     check_length(symbol);
-    const symbol_parts parts = parts_of_symbol(symbol);
-    if (parts.plain.empty()) throw unknown_symbol("the symbol is empty");
-    const setting* const row = find_named_setting(parts);
-    if (row == nullptr) refuse(symbol);
-    named_group result;
-    result.group = group_of(*row);
-    add_assumptions(parts, result);
-    return result;
+    symbol_parts parts = parts_of_symbol(symbol);
+    constexpr std::string_view prefix = "hall:";
+    std::string plain = plain_symbol(symbol);
+    if (plain.starts_with(prefix))
+        return group_of_hall(hall_text(plain_symbol(plain.substr(prefix.size()))));
+    if (parts.base.empty()) throw unknown_symbol("the symbol is empty");
+    if (const setting* const row = find_named_setting(parts)) return group_of_name(parts, *row);
+    const std::string text = hall_text(plain);
+    if (find_tabulated_hall(text) != nullptr || is_plainly_hall(text)) return group_of_hall(text);
+    refuse(symbol, parts);
 }
 
 std::vector<std::string> other_settings(const space_group& group) {
