@@ -39,7 +39,8 @@ public:
             offer(row_.symbol, "2", "origin choice 2");
         }
         if (row_.choice == "H" && typed_.mark != "h") {
-            found_.assumed.push_back("hexagonal axes");
+            found_.assumed.push_back(typed_.base.starts_with('h') ? "H read as R on hexagonal axes"
+                                                                  : "hexagonal axes");
             offer(row_.symbol, "R", "rhombohedral axes");
         }
         if (is_monoclinic(row_)) take_axis();
@@ -68,7 +69,7 @@ private:
         const std::string_view cell = parts_of_qualifier(row_.qualifier).cell;
         const bool names_axis = typed_.base == own_key(row_) || !typed_.mark.empty();
         if (!names_axis) {
-            found_.assumed.push_back("unique axis " + axis);
+            found_.assumed.push_back(std::string("unique axis ") + axis.back());
             for (const std::string_view other : {"b", "c", "a"}) {
                 if (axis.find(other) == std::string::npos) {
                     offer_qualifier(std::string(other).append(cell), "unique axis ", other);

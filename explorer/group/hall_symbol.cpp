@@ -101,8 +101,10 @@ std::vector<fraction_vector> centring_of(char letter) {
 
 class hall_reader {
 public:
-    explicit hall_reader(std::string_view typed) : typed_(typed), text_(plain_symbol(typed)) {
-        std::ranges::replace(text_, '_', ' ');
+    explicit hall_reader(std::string_view typed) {
+        std::string blanks = plain_symbol(typed);
+        std::ranges::replace(blanks, '_', ' ');
+        text_ = plain_symbol(blanks);
     }
 
     hall_group read() {
@@ -112,7 +114,7 @@ public:
         while (skip_blanks() < end_) read_rotation();
         if (generators_.empty()) refuse("a rotation must follow the lattice letter", at_);
         hall_group result;
-        result.symbol = canonical(bracket);
+        result.symbol = canonical();
         try {
             const std::optional<basis_change> change = read_change(bracket);
             operator_list group = generate(generators_, centring_, change);
@@ -128,7 +130,7 @@ public:
 
 private:
     [[noreturn]] void refuse(const std::string& why) const {
-        throw unknown_symbol(quoted(typed_) + " is no Hall symbol: " + why);
+        throw unknown_symbol(quoted(canonical()) + " is no Hall symbol: " + why);
     }
 
     [[noreturn]] void refuse(const std::string& why, std::size_t place) const {
@@ -249,16 +251,16 @@ private:
         }
     }
 
-    std::string canonical(std::size_t bracket) const {
-        std::string result = text_.substr(0, bracket);
-        const std::size_t letter = result.front() == '-' ? 1 : 0;
-        result[letter] = static_cast<char>(result[letter] - 'a' + 'A');
-        if (bracket == text_.size()) return result;
-        if (result.back() != ' ') result += ' ';
-        return result + text_.substr(bracket);
+    // With a capital for the lattice.
+    std::string canonical() const {
+        std::string result = text_;
+        const std::size_t letter = text_.starts_with('-') ? 1 : 0;
+        if (letter < result.size() && result[letter] >= 'a' && result[letter] <= 'z') {
+            result[letter] = static_cast<char>(result[letter] - 'a' + 'A');
+        }
+        return result;
     }
 
-    std::string_view typed_;
     std::string text_;
     std::size_t at_ = 0;
     std::size_t end_ = 0;

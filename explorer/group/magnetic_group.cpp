@@ -5,6 +5,7 @@
 
 #include "group/embedded_data.h"
 #include "group/library_adapter.h"
+#include "group/suggestions.h"
 #include "group/symbol_text.h"
 #include "group/text_fields.h"
 
@@ -84,6 +85,21 @@ constexpr notation_field notations[] = {
     {"UNI symbol", &magnetic_facts::uni_symbol},
 };
 
+std::vector<std::string> near_magnetic(std::string_view name) {
+    if (name.size() > longest_symbol) return {};
+    const std::string plain = plain_name(name);
+    const int farthest = std::min(3000, static_cast<int>(plain.size()) * 500);
+    std::vector<std::pair<int, std::string>> found;
+    for (const magnetic_facts& row : magnetic_groups()) {
+        for (const notation_field& by : notations) {
+            const std::string_view known = row.*by.field;
+            const int distance = slips_between(plain, known, farthest);
+            if (distance < farthest) found.emplace_back(distance, known);
+        }
+    }
+    return nearest(std::move(found));
+}
+
 }  // namespace
 
 std::span<const magnetic_facts> magnetic_groups() {
@@ -105,16 +121,23 @@ magnetic_group group_of(const magnetic_facts& row) {
     return result;
 }
 
-const magnetic_facts& find_magnetic(std::string_view name, std::string* notation) {
-    const std::string plain = name.size() > longest_symbol ? std::string() : plain_name(name);
+const magnetic_facts* find_magnetic_exactly(std::string_view name, std::string* notation) {
+    if (name.size() > longest_symbol) return nullptr;
+    const std::string plain = plain_name(name);
     for (const notation_field& by : notations) {
         for (const magnetic_facts& row : magnetic_groups()) {
             if (row.*by.field != plain) continue;
             if (notation != nullptr) *notation = by.name;
-            return row;
+            return &row;
         }
     }
-    throw unknown_symbol(quoted(name) + " names no magnetic group");
+    return nullptr;
+}
+
+const magnetic_facts& find_magnetic(std::string_view name, std::string* notation) {
+    if (const magnetic_facts* const row = find_magnetic_exactly(name, notation)) return *row;
+    throw unknown_symbol(quoted(name) + " names no magnetic group" +
+                         near_text(near_magnetic(name)));
 }
 
 }  // namespace lomar

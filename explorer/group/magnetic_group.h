@@ -52,4 +52,7 @@ magnetic_group group_of(const magnetic_facts& row);
 /// Throws unknown_symbol with the nearest names.
 const magnetic_facts& find_magnetic(std::string_view name, std::string* notation = nullptr);
 
+/// As find_magnetic, but null for a name that it would refuse.
+const magnetic_facts* find_magnetic_exactly(std::string_view name, std::string* notation = nullptr);
+
 }  // namespace lomar

@@ -1,9 +1,12 @@
 #include "group/names.h"
 
+#include <algorithm>
+
 #include "analysis/identify.h"
 #include "group/assumptions.h"
 #include "group/generated_group.h"
 #include "group/hall_symbol.h"
+#include "group/magnetic_group.h"
 #include "group/suggestions.h"
 #include "group/symbol_search.h"
 #include "group/symbol_text.h"
@@ -24,17 +27,17 @@ void check_length(std::string_view symbol) {
     if (is_group_number(parts.base) && parts.mark.empty()) {
         throw unknown_symbol(start + ": their numbers run from 1 to 230");
     }
+    if (const magnetic_facts* const magnetic = find_magnetic_exactly(symbol)) {
+        throw unknown_symbol(start + " but a magnetic one, " + std::string(magnetic->bns_number) +
+                             " " + std::string(magnetic->bns_symbol));
+    }
     throw unknown_symbol(start + near_text(near_names(parts)));
 }
 
-// The text of a Hall symbol, to compare with the table.
-std::string hall_text(std::string_view plain) {
-    std::string result;
-    for (const char c : plain) {
-        const char next = c == '_' ? ' ' : c;
-        if (next != ' ' || !result.ends_with(' ')) result += next;
-    }
-    return result;
+// The text of a Hall symbol, in which underscores are blanks, to compare with the table.
+std::string hall_text(std::string plain) {
+    std::ranges::replace(plain, '_', ' ');
+    return plain_symbol(plain);
 }
 
 const setting* find_tabulated_hall(const std::string& text) {
@@ -105,11 +108,10 @@ named_group group_of_name(const symbol_parts& parts, const setting& row) {
 
 named_group resolve_symbol(std::string_view symbol) {
     check_length(symbol);
-    symbol_parts parts = parts_of_symbol(symbol);
+    const std::string plain = plain_symbol(symbol);
     constexpr std::string_view prefix = "hall:";
-    std::string plain = plain_symbol(symbol);
-    if (plain.starts_with(prefix))
-        return group_of_hall(hall_text(plain_symbol(plain.substr(prefix.size()))));
+    if (plain.starts_with(prefix)) return group_of_hall(hall_text(plain.substr(prefix.size())));
+    const symbol_parts parts = parts_of_symbol(symbol);
     if (parts.base.empty()) throw unknown_symbol("the symbol is empty");
     if (const setting* const row = find_named_setting(parts)) return group_of_name(parts, *row);
     const std::string text = hall_text(plain);

@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <array>
-#include <tuple>
 
 #include "group/catalogue_names.h"
 #include "group/symbol_text.h"
@@ -31,12 +30,18 @@ bool are_near_keys(char a, char b) {
     return false;
 }
 
-// A character that one text has and the other lacks; `before` and `after` are its neighbours.
+// A character that was typed and is not in the name; `before` and `after` are its neighbours.
 int cost_of_extra(char c, char before, char after) {
     if (c == '-' || c == '\'') return 500;
     if (c == '_') return 300;
-    if (c == before || c == after) return 700;
-    return c == '1' || c == '/' ? 700 : whole_slip;
+    return c == before || c == after || c == '1' ? 700 : 900;
+}
+
+// A character of the name that was not typed.
+int cost_of_missing(char c) {
+    if (c == '-' || c == '\'') return 500;
+    if (c == '_') return 300;
+    return c == '1' || c == '/' ? 700 : 800;
 }
 
 int cost_of_exchange(char a, char b) {
@@ -46,7 +51,50 @@ int cost_of_exchange(char a, char b) {
     return is_digit(a) == is_digit(b) ? whole_slip : whole_slip + 200;
 }
 
-char at(std::string_view text, std::size_t i) { return i < text.size() ? text[i] : '\0'; }
+// Distances between the beginnings of two texts, by Damerau's recurrence. Three rows are kept.
+class slip_table {
+public:
+    slip_table(std::string_view typed, std::string_view name, int limit)
+        : typed_(typed), name_(name), limit_(limit) {}
+
+    // The least of row i: the distances of the first i characters typed.
+    int fill_row(std::size_t i) {
+        int least = limit_;
+        for (std::size_t j = 0; j <= name_.size(); ++j) {
+            const int best = i == 0 && j == 0 ? 0 : best_of(i, j);
+            row(i)[j] = best;
+            least = std::min(least, best);
+        }
+        return least;
+    }
+
+    int distance() { return row(typed_.size())[name_.size()]; }
+
+private:
+    int best_of(std::size_t i, std::size_t j) {
+        int best = limit_;
+        if (i > 0) {
+            const char before = i > 1 ? typed_[i - 2] : '\0';
+            const char after = i < typed_.size() ? typed_[i] : '\0';
+            best = std::min(best, row(i - 1)[j] + cost_of_extra(typed_[i - 1], before, after));
+        }
+        if (j > 0) best = std::min(best, row(i)[j - 1] + cost_of_missing(name_[j - 1]));
+        if (i == 0 || j == 0) return best;
+        best = std::min(best, row(i - 1)[j - 1] + cost_of_exchange(typed_[i - 1], name_[j - 1]));
+        if (i > 1 && j > 1 && typed_[i - 1] == name_[j - 2] && typed_[i - 2] == name_[j - 1]) {
+            constexpr int swapped = 800;
+            best = std::min(best, row(i - 2)[j - 2] + swapped);
+        }
+        return best;
+    }
+
+    std::array<int, longest_compared + 1>& row(std::size_t i) { return rows_[i % rows_.size()]; }
+
+    std::string_view typed_;
+    std::string_view name_;
+    int limit_;
+    std::array<std::array<int, longest_compared + 1>, 3> rows_{};
+};
 
 bool same_characters(std::string_view a, std::string_view b) {
     std::string first(a);
@@ -84,17 +132,31 @@ std::vector<std::string> spellings_of(const setting& row) {
     return result;
 }
 
-struct candidate {
-    int distance;
+struct spelled_setting {
+    const setting* row;
     int rank;
-    std::string name;
+    std::vector<std::string> spellings;
 };
 
-int distance_to(std::string_view typed, const setting& row, int limit) {
+// One setting of each choice of origin or axes, by rank.
+const std::vector<spelled_setting>& spelled_settings() {
+    static const std::vector<spelled_setting> all = [] {
+        std::vector<spelled_setting> result;
+        for (const setting& row : settings()) {
+            if (row.choice == "2" || row.choice == "R") continue;
+            result.push_back({&row, rank_of(row), spellings_of(row)});
+        }
+        std::ranges::stable_sort(result, {}, &spelled_setting::rank);
+        return result;
+    }();
+    return all;
+}
+
+int distance_to(std::string_view typed, const spelled_setting& known, int limit) {
     int best = limit;
-    for (const std::string& spelling : spellings_of(row)) {
+    for (const std::string& spelling : known.spellings) {
         best = slips_between(typed, spelling, best);
-        constexpr int other_order = 1500;
+        constexpr int other_order = 900;
         if (best > other_order && same_characters(typed, spelling)) best = other_order;
     }
     return best;
@@ -131,62 +193,45 @@ std::vector<std::string> names_for_mark(const symbol_parts& typed) {
 
 int slips_between(std::string_view typed, std::string_view name, int limit) {
     if (typed.size() > longest_compared || name.size() > longest_compared) return limit;
-    // Rows of the table of distances between beginnings, the last three of them.
-    std::array<std::array<int, longest_compared + 1>, 3> rows{};
+    slip_table table(typed, name, limit);
     for (std::size_t i = 0; i <= typed.size(); ++i) {
-        std::array<int, longest_compared + 1>& row = rows[i % 3];
-        int least = limit;
-        for (std::size_t j = 0; j <= name.size(); ++j) {
-            int best = i == 0 && j == 0 ? 0 : limit;
-            if (i > 0) {
-                best = std::min(best, rows[(i - 1) % 3][j] +
-                                          cost_of_extra(typed[i - 1], i > 1 ? typed[i - 2] : '\0',
-                                                        at(typed, i)));
-            }
-            if (j > 0) {
-                best = std::min(
-                    best, row[j - 1] +
-                              cost_of_extra(name[j - 1], j > 1 ? name[j - 2] : '\0', at(name, j)));
-            }
-            if (i > 0 && j > 0) {
-                best = std::min(
-                    best, rows[(i - 1) % 3][j - 1] + cost_of_exchange(typed[i - 1], name[j - 1]));
-            }
-            if (i > 1 && j > 1 && typed[i - 1] == name[j - 2] && typed[i - 2] == name[j - 1]) {
-                constexpr int swapped = 800;
-                best = std::min(best, rows[(i - 2) % 3][j - 2] + swapped);
-            }
-            row[j] = best;
-            least = std::min(least, best);
-        }
-        if (least >= limit) return limit;
+        if (table.fill_row(i) >= limit) return limit;
     }
-    return std::min(limit, rows[typed.size() % 3][name.size()]);
+    return table.distance();
+}
+
+std::vector<std::string> nearest(std::vector<std::pair<int, std::string>> found) {
+    std::ranges::stable_sort(found, {}, [](const auto& pair) { return pair.first; });
+    std::vector<std::string> result;
+    for (const auto& [distance, name] : found) {
+        constexpr int as_near = 800;
+        if (result.size() == most_suggestions || distance > found[0].first + as_near) break;
+        if (std::ranges::find(result, name) == result.end()) result.push_back(name);
+    }
+    return result;
 }
 
 std::vector<std::string> near_names(const symbol_parts& typed) {
-    if (!typed.mark.empty()) {
+    const bool is_letter_mark = typed.mark == "h" && !typed.has_colon;
+    if (!typed.mark.empty() && !is_letter_mark) {
         std::vector<std::string> result = names_for_mark(typed);
         if (!result.empty()) return result;
     }
+    std::vector<std::string> with_axis;
+    for (const setting* const row : settings_with_axis(typed)) with_axis.emplace_back(row->symbol);
+    if (!with_axis.empty()) return with_axis;
+    const std::string base = typed.base + (is_letter_mark ? "h" : "");
     // A short text is near to everything.
-    const int farthest = std::min(3500, static_cast<int>(typed.base.size()) * 600);
-    std::vector<candidate> found;
-    for (const setting& row : settings()) {
-        if (row.choice == "2" || row.choice == "R") continue;
-        const int distance = distance_to(typed.base, row, farthest);
+    const int farthest = std::min(3500, static_cast<int>(base.size()) * 600);
+    std::vector<std::pair<int, std::string>> found;
+    for (const spelled_setting& known : spelled_settings()) {
+        const int distance = distance_to(base, known, farthest);
+        constexpr int unusual = 150;
         if (distance == farthest) continue;
-        found.push_back({distance, rank_of(row), name_with_mark(row, typed.mark)});
+        found.emplace_back(distance + (known.rank < 100 ? 0 : unusual),
+                           name_with_mark(*known.row, typed.mark));
     }
-    std::ranges::sort(found, {},
-                      [](const candidate& c) { return std::tie(c.distance, c.rank, c.name); });
-    std::vector<std::string> result;
-    for (const candidate& one : found) {
-        constexpr int as_near = 800;
-        if (result.size() == most_suggestions || one.distance > found[0].distance + as_near) break;
-        result.push_back(one.name);
-    }
-    return result;
+    return nearest(std::move(found));
 }
 
 std::string near_text(const std::vector<std::string>& names) {

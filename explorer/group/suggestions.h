@@ -2,6 +2,7 @@
 
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 #include "group/symbol_search.h"
@@ -20,6 +21,10 @@ int slips_between(std::string_view typed, std::string_view name, int limit);
 /// Names of settings that a symbol may have meant, the nearest first. Origin choices and axes of
 /// rhombohedral groups are one name, which has the choice if the symbol had one.
 std::vector<std::string> near_names(const symbol_parts& typed);
+
+/// The texts of the least distances: each once, at most ten, none much farther than the first. Of
+/// equal distances the first of the list is first.
+std::vector<std::string> nearest(std::vector<std::pair<int, std::string>> found);
 
 /// `; near: P -4 3 n, P 4 3 2` for a message; empty if there are none.
 std::string near_text(const std::vector<std::string>& names);

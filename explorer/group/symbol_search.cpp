@@ -130,20 +130,15 @@ std::string spaced_screws(std::string_view plain) {
     return result;
 }
 
-// `P 31 2` runs together into the name of P 3 1 2, but tells of an axis 31, and there are groups
-// whose symbols begin so.
-bool means_another_axis(const symbol_parts& symbol, const setting& row) {
-    const std::vector<std::string> typed = words_of(spaced_screws(symbol.plain));
-    const std::vector<std::string> found = words_of(row.symbol);
-    if (typed.size() < 3 || typed[1].size() != 2 || found[1].size() != 1) return false;
-    if (typed[1][0] != found[1][0] || typed[1][1] > '5') return false;
-    return std::ranges::any_of(settings(), [&](const setting& other) {
-        const std::vector<std::string> words = words_of(other.symbol);
-        return words[0] == typed[0] && words[1] == typed[1] &&
-               std::all_of(typed.begin() + 2, typed.end(), [&](const std::string& word) {
-                   return std::find(words.begin() + 2, words.end(), word) != words.end();
-               });
-    });
+// The setting of a symbol without its mark.
+const setting* find_base(const symbol_parts& symbol) {
+    const std::string& base = symbol.base;
+    const bool may_be_name = base.find('h') == std::string::npos &&
+                             (lattice_letters.find(base[0]) != std::string_view::npos ||
+                              (base[0] >= '1' && base[0] <= '9'));
+    if (!may_be_name) return nullptr;
+    const setting* const row = find_catalogue_name(base);
+    return row != nullptr ? row : find_mixed_symbol(base);
 }
 
 }  // namespace
@@ -171,15 +166,31 @@ symbol_parts parts_of_symbol(std::string_view typed) {
     return result;
 }
 
+std::vector<const setting*> settings_with_axis(const symbol_parts& symbol) {
+    std::vector<const setting*> result;
+    const setting* const row = find_base(symbol);
+    if (row == nullptr) return result;
+    const std::vector<std::string> typed = words_of(spaced_screws(symbol.plain));
+    const std::vector<std::string> found = words_of(row->symbol);
+    if (typed.size() < 3 || typed[1].size() != 2 || found[1].size() != 1) return result;
+    if (typed[1][0] != found[1][0] || typed[1][1] > '5') return result;
+    for (const setting& other : settings()) {
+        const std::vector<std::string> words = words_of(other.symbol);
+        if (words[0] != typed[0] || words[1] != typed[1]) continue;
+        const bool has_rest = std::all_of(typed.begin() + 2, typed.end(), [&](const auto& word) {
+            return std::find(words.begin() + 2, words.end(), word) != words.end();
+        });
+        if (has_rest) result.push_back(&other);
+    }
+    if (!result.empty()) result.insert(result.begin(), row);
+    return result;
+}
+
 const setting* find_named_setting(const symbol_parts& symbol) {
     const std::string& base = symbol.base;
     if (base.empty() || (symbol.has_colon && symbol.mark.empty())) return nullptr;
-    const bool may_be_name = base.find('h') == std::string::npos &&
-                             (lattice_letters.find(base[0]) != std::string_view::npos ||
-                              (base[0] >= '1' && base[0] <= '9'));
-    const setting* row = may_be_name ? find_catalogue_name(base) : nullptr;
-    if (row == nullptr && may_be_name) row = find_mixed_symbol(base);
-    if (row != nullptr && means_another_axis(symbol, *row)) return nullptr;
+    const setting* row = find_base(symbol);
+    if (row != nullptr && !settings_with_axis(symbol).empty()) return nullptr;
     if (row == nullptr) row = find_hexagonal_symbol(base);
     if (row == nullptr) row = find_schoenflies(base);
     return row == nullptr ? nullptr : with_mark(*row, symbol);

@@ -2,6 +2,7 @@
 
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "group/settings.h"
 
@@ -19,6 +20,11 @@ symbol_parts parts_of_symbol(std::string_view typed);
 
 /// Whether a base is nothing but digits.
 bool is_group_number(std::string_view base);
+
+/// Settings whose symbols begin with the axis that the blanks, brackets or underscores of a symbol
+/// tell of, although the letters run together make another name: `P 31 2` could lack a part of
+/// P 31 1 2 or P 31 2 1, and is P 3 1 2 without its blank.
+std::vector<const setting*> settings_with_axis(const symbol_parts& symbol);
 
 /// The setting that a Hermann-Mauguin symbol, a number or a Schoenflies symbol means; null if it
 /// means none.
