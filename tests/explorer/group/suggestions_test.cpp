@@ -5,7 +5,6 @@
 #include <gtest/gtest.h>
 #include <random>
 
-#include "group/names.h"
 #include "group/symbol_text.h"
 
 namespace {
@@ -63,15 +62,6 @@ std::string disordered(std::string text, random_engine& random) {
     return text;
 }
 
-bool is_name(const std::string& text) {
-    try {
-        resolve_symbol(text);
-        return true;
-    } catch (const unknown_symbol&) {
-        return false;
-    }
-}
-
 struct score {
     int tried = 0;
     int among_three = 0;
@@ -81,8 +71,9 @@ struct score {
 };
 
 void count(score& result, const std::string& slip, const setting& row) {
-    if (is_name(slip)) return;
-    const std::vector<std::string> names = near_names(parts_of_symbol(slip));
+    const symbol_parts parts = parts_of_symbol(slip);
+    if (find_named_setting(parts) != nullptr) return;
+    const std::vector<std::string> names = near_names(parts);
     EXPECT_LE(names.size(), 10u);
     const auto found = std::ranges::find(names, row.symbol);
     ++result.tried;
