@@ -61,6 +61,12 @@ std::string setting::name() const {
     return result;
 }
 
+std::string setting::variant() const {
+    std::string result(choice);
+    if (!choice.empty() && !qualifier.empty()) result += ' ';
+    return result.append(qualifier);
+}
+
 basis_change setting::to_standard() const {
     return {parse_basis(standard_basis), parse_point(standard_origin)};
 }

@@ -32,6 +32,9 @@ struct setting {
 
     /// The name that finds exactly this setting: the symbol, and the choice after a colon.
     std::string name() const;
+    /// What tells it from the others of its number: choice and qualifier, `b1`, `2 cab`, `H`; may
+    /// be empty.
+    std::string variant() const;
     /// The change to the standard setting of the group's number.
     basis_change to_standard() const;
 };
