@@ -49,10 +49,7 @@ group_report report_of(named_group group) {
 }
 
 std::string setting_text(const space_group& group) {
-    if (!group.tabulated) return "";
-    std::string result(group.row->choice);
-    if (!result.empty() && !group.row->qualifier.empty()) result += ' ';
-    return result.append(group.row->qualifier);
+    return group.tabulated ? group.row->variant() : "";
 }
 
 std::vector<int_vector> polar_directions(const space_group& group) {

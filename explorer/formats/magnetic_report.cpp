@@ -113,8 +113,7 @@ std::string magnetic_text(const magnetic_group& group, std::string_view notation
     text += "\nOperators: " + std::to_string(group.operators.size()) + "\n";
     std::vector<std::vector<std::string>> table;
     for (const symop& op : group.operators) {
-        table.push_back({std::to_string(table.size() + 1), xyzt_text(op),
-                         seitz_text(op) + (op.time < 0 ? "'" : "")});
+        table.push_back({std::to_string(table.size() + 1), xyzt_text(op), seitz_text(op)});
     }
     return text + table_text(table);
 }

@@ -52,7 +52,7 @@ bool fits_facts(const setting& row, const std::string& word) {
     if (is_number(word) && row.number == whole_number(word)) return true;
     if (word.size() >= shortest_beginning && row.crystal_system.starts_with(word)) return true;
     if (word.size() == 1 && lower_case(row.symbol).starts_with(word)) return true;
-    return row.point_group == word || row.laue_class == word || fits_range(row, word) ||
+    return row.point_group == word || fits_range(row, word) ||
            fits_flag(row, word) || fits_schoenflies(row, word) || fits_setting(row, word);
 }
 
@@ -77,7 +77,7 @@ std::vector<const setting*> settings_for_word(const std::string& typed) {
         result = all_that_fit([&](const setting& row) { return fits_symbol(row, word); });
     }
     if (result.empty()) {
-        throw std::runtime_error(quoted(typed) +
+        throw std::runtime_error(in_quotes(typed) +
                                  " fits no setting; words are numbers, crystal systems, lattices, "
                                  "point groups, axes, parts of symbols");
     }

@@ -9,7 +9,7 @@ namespace lomar {
 
 /// The settings that each of the words fits, in the order of the table. A word is the number of a
 /// group or a range of numbers (`195-230`), a crystal system or its beginning (`mono`), a lattice
-/// letter, a point group or Laue class (`4/mmm`), a Schoenflies symbol of a space or a point group,
+/// letter, a point group (`4/mmm`), a Schoenflies symbol of a space or a point group,
 /// axes, cell choice or choice of origin (`b1`, `cab`, `2`), or one of `centrosymmetric`,
 /// `sohncke`, `symmorphic`, `polar`, `enantiomorphic`. A word that is none of these is looked for
 /// in the symbols (`21/c`). Case doesn't count. Throws std::runtime_error for a word that fits

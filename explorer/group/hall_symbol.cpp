@@ -101,10 +101,12 @@ std::vector<fraction_vector> centring_of(char letter) {
 
 class hall_reader {
 public:
-    explicit hall_reader(std::string_view typed) {
+    explicit hall_reader(std::string_view typed) : typed_(typed) {
         std::string blanks = plain_symbol(typed);
         std::ranges::replace(blanks, '_', ' ');
         text_ = plain_symbol(blanks);
+        // Places count in what the message shows.
+        if (typed_.size() != text_.size()) typed_ = text_;
     }
 
     hall_group read() {
@@ -130,7 +132,7 @@ public:
 
 private:
     [[noreturn]] void refuse(const std::string& why) const {
-        throw unknown_symbol(quoted(canonical()) + " is no Hall symbol: " + why);
+        throw unknown_symbol(in_quotes(typed_) + " is no Hall symbol: " + why);
     }
 
     [[noreturn]] void refuse(const std::string& why, std::size_t place) const {
@@ -261,6 +263,7 @@ private:
         return result;
     }
 
+    std::string_view typed_;
     std::string text_;
     std::size_t at_ = 0;
     std::size_t end_ = 0;

@@ -136,7 +136,7 @@ const magnetic_facts* find_magnetic_exactly(std::string_view name, std::string* 
 
 const magnetic_facts& find_magnetic(std::string_view name, std::string* notation) {
     if (const magnetic_facts* const row = find_magnetic_exactly(name, notation)) return *row;
-    throw unknown_symbol(quoted(name) + " names no magnetic group" +
+    throw unknown_symbol(in_quotes(name) + " names no magnetic group" +
                          near_text(near_magnetic(name)));
 }
 

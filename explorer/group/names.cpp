@@ -17,13 +17,13 @@ namespace {
 
 void check_length(std::string_view symbol) {
     if (symbol.size() > longest_symbol) {
-        throw unknown_symbol(quoted(symbol) + " names no space group: it has " +
+        throw unknown_symbol(in_quotes(symbol) + " names no space group: it has " +
                              std::to_string(symbol.size()) + " characters");
     }
 }
 
 [[noreturn]] void refuse(std::string_view symbol, const symbol_parts& parts) {
-    const std::string start = quoted(symbol) + " names no space group";
+    const std::string start = in_quotes(symbol) + " names no space group";
     if (is_group_number(parts.base) && parts.mark.empty()) {
         throw unknown_symbol(start + ": their numbers run from 1 to 230");
     }
@@ -47,20 +47,22 @@ const setting* find_tabulated_hall(const std::string& text) {
     return nullptr;
 }
 
-// Whether a text shows by more than digits that it is a Hall symbol: `P 21 2` is rather a slip.
+// Whether a text can be nothing but a Hall symbol.
 bool is_plainly_hall(const std::string& text) {
-    if (text.starts_with('-')) return true;
-    const std::size_t blank = text.find(' ');
-    if (blank != 1) return false;
-    const std::size_t mark = text.find_first_of("xyz'\"*", blank);
-    if (mark != std::string::npos) return true;
-    for (std::size_t i = blank + 1; i < text.size(); ++i) {
-        const bool after_digit = text[i - 1] >= '1' && text[i - 1] <= '6';
-        if (after_digit && std::string_view("abcnuvwd").find(text[i]) != std::string_view::npos) {
-            return true;
-        }
-    }
-    return false;
+    return text.starts_with('-') || text.find_first_of("'\"*(", 1) != std::string::npos;
+}
+
+// Whether a text is rather a Hall symbol than a slip such as `P 21 2` or `P 21n`: it has axes or
+// quarters, or letters behind more than one of its rotations.
+bool may_be_hall(const std::string& text) {
+    if (is_plainly_hall(text)) return true;
+    const std::vector<std::string> words = words_of(text);
+    if (words.size() < 2 || words[0].size() != 1) return false;
+    const auto has_letter = [](const std::string& word) {
+        return word.find_first_of("abcnd", 1) != std::string::npos;
+    };
+    return text.find_first_of("xyzuvw", 1) != std::string::npos ||
+           std::count_if(words.begin() + 1, words.end(), has_letter) > 1;
 }
 
 // The group of a Hall symbol that the table lacks.
@@ -80,16 +82,25 @@ space_group group_of_operators(const hall_group& hall) {
     return result;
 }
 
-named_group group_of_hall(const std::string& text) {
+named_group group_of_hall(const setting* row, std::string_view typed) {
     named_group result;
-    const setting* row = find_tabulated_hall(text);
-    if (row != nullptr) {
-        result.group = group_of(*row);
-    } else {
-        result.group = group_of_operators(decode_hall(text));
-    }
+    result.group = row != nullptr ? group_of(*row) : group_of_operators(decode_hall(typed));
     result.assumed.push_back("read as a Hall symbol");
     return result;
+}
+
+// A symbol that is no name.
+named_group group_of_other(std::string_view symbol, const symbol_parts& parts,
+                           const std::string& plain) {
+    const std::string text = hall_text(plain);
+    const setting* const row = find_tabulated_hall(text);
+    if (row == nullptr && !may_be_hall(text)) refuse(symbol, parts);
+    try {
+        return group_of_hall(row, symbol);
+    } catch (const unknown_symbol&) {
+        if (is_plainly_hall(text)) throw;
+    }
+    refuse(symbol, parts);
 }
 
 named_group group_of_name(const symbol_parts& parts, const setting& row) {
@@ -110,13 +121,15 @@ named_group resolve_symbol(std::string_view symbol) {
     check_length(symbol);
     const std::string plain = plain_symbol(symbol);
     constexpr std::string_view prefix = "hall:";
-    if (plain.starts_with(prefix)) return group_of_hall(hall_text(plain.substr(prefix.size())));
+    if (plain.starts_with(prefix)) {
+        std::string_view typed = symbol.substr(symbol.find(':') + 1);
+        typed.remove_prefix(std::min(typed.find_first_not_of(' '), typed.size()));
+        return group_of_hall(find_tabulated_hall(hall_text(plain.substr(prefix.size()))), typed);
+    }
     const symbol_parts parts = parts_of_symbol(symbol);
     if (parts.base.empty()) throw unknown_symbol("the symbol is empty");
     if (const setting* const row = find_named_setting(parts)) return group_of_name(parts, *row);
-    const std::string text = hall_text(plain);
-    if (find_tabulated_hall(text) != nullptr || is_plainly_hall(text)) return group_of_hall(text);
-    refuse(symbol, parts);
+    return group_of_other(symbol, parts, plain);
 }
 
 std::vector<std::string> other_settings(const space_group& group) {

@@ -144,7 +144,7 @@ std::vector<std::string> words_of(std::string_view symbol) {
     return result;
 }
 
-std::string quoted(std::string_view text) {
+std::string in_quotes(std::string_view text) {
     constexpr std::size_t longest = 60;
     std::size_t end = std::min(text.size(), longest);
     // No character of several bytes is cut in two.

@@ -30,6 +30,6 @@ std::vector<std::string> words_of(std::string_view symbol);
 
 /// A text for a message of one line, in quotation marks: control characters and what is no UTF-8 as
 /// `\x1b`, cut after 60 bytes.
-std::string quoted(std::string_view text);
+std::string in_quotes(std::string_view text);
 
 }  // namespace lomar
