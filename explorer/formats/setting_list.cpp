@@ -52,8 +52,8 @@ bool fits_facts(const setting& row, const std::string& word) {
     if (is_number(word) && row.number == whole_number(word)) return true;
     if (word.size() >= shortest_beginning && row.crystal_system.starts_with(word)) return true;
     if (word.size() == 1 && lower_case(row.symbol).starts_with(word)) return true;
-    return row.point_group == word || fits_range(row, word) ||
-           fits_flag(row, word) || fits_schoenflies(row, word) || fits_setting(row, word);
+    return row.point_group == word || fits_range(row, word) || fits_flag(row, word) ||
+           fits_schoenflies(row, word) || fits_setting(row, word);
 }
 
 bool fits_symbol(const setting& row, const std::string& word) {

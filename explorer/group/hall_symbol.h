@@ -4,7 +4,7 @@
 #include <string_view>
 #include <vector>
 
-#include "group/symop.h"
+#include "group/space_group.h"
 #include "group/unknown_symbol.h"
 
 namespace lomar {
@@ -35,5 +35,10 @@ struct hall_group {
 /// The operators must make a group on that lattice. Throws unknown_symbol, whose message names the
 /// part and its place.
 hall_group decode_hall(std::string_view symbol);
+
+/// The group with its number and the way to the standard setting, which an identification finds
+/// (analysis/hall_group.cpp): that of the table if a setting has the same operators. Throws as
+/// identify().
+space_group space_group_of(const hall_group& hall);
 
 }  // namespace lomar

@@ -2,9 +2,7 @@
 
 #include <algorithm>
 
-#include "analysis/identify.h"
 #include "group/assumptions.h"
-#include "group/generated_group.h"
 #include "group/hall_symbol.h"
 #include "group/magnetic_group.h"
 #include "group/suggestions.h"
@@ -65,26 +63,9 @@ bool may_be_hall(const std::string& text) {
            std::count_if(words.begin() + 1, words.end(), has_letter) > 1;
 }
 
-// The group of a Hall symbol that the table lacks.
-space_group group_of_operators(const hall_group& hall) {
-    const identification found = identify(hall.operators);
-    if (found.match == match_kind::exact) return group_of(*found.row);
-    space_group result;
-    result.row = &standard_setting(found.row->number);
-    result.tabulated = false;
-    result.name = "hall:" + hall.symbol;
-    result.hall = hall.symbol;
-    result.to_standard = found.change * found.row->to_standard();
-    const char letter = lattice_letter(hall.centring);
-    if (letter != 0) result.lattice = letter;
-    result.centring = hall.centring;
-    result.operators = hall.operators;
-    return result;
-}
-
 named_group group_of_hall(const setting* row, std::string_view typed) {
     named_group result;
-    result.group = row != nullptr ? group_of(*row) : group_of_operators(decode_hall(typed));
+    result.group = row != nullptr ? group_of(*row) : space_group_of(decode_hall(typed));
     result.assumed.push_back("read as a Hall symbol");
     return result;
 }
