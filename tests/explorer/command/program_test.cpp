@@ -29,6 +29,12 @@ TEST_P(usage, status_and_one_line) {
     EXPECT_TRUE(std::filesystem::is_empty(scratch.path()));
 }
 
+// The command line: what gtest would print by itself holds addresses, which change from run to run.
+void PrintTo(const usage_case& row, std::ostream* out) {
+    *out << "lomar";
+    for (const std::string& argument : row.arguments) *out << " '" << argument << "'";
+}
+
 INSTANTIATE_TEST_SUITE_P(
     command_line, usage,
     ::testing::Values(
