@@ -19,6 +19,7 @@ bool direct_list_3::set_up(const hkl_generator_3& generator, const triple_3& lim
     covered_.reserve(group_.order());
     sums_.set_n(generator.sum.groups.n);
     phase_table_3();
+    make_line_table();
     return true;
 }
 
@@ -33,8 +34,7 @@ bool direct_list_3::find_lattice(const xyz_list_3& ops) {
     free_lattice_.clear();
     if (!is_free_) return true;
     const int place = text_index(lattice_letter_3(ops), lattice_letters_3);
-    for (int row = centring_index_3(place, 0) + 1; row <= centring_index_3(place, 1); ++row) {
-        const triple_3& v = centring_vector_3(row);
+    for (const triple_3& v : centring_vectors_3(place)) {
         free_lattice_.add(v);
         for (const laue_element_3& element : group_.elements) {
             for (int i = 0; i < 3; ++i) {
@@ -58,7 +58,28 @@ void direct_list_3::write(hkl_row_writer_3& writer) {
     }
 }
 
+// What the lattice leaves of the lines, by the residues of h and k, if these are few.
+void direct_list_3::make_line_table() {
+    constexpr int most = 256;
+    line_table_.clear();
+    const triple_3& period = group_.period;
+    if (period[0] * period[1] > most) return;
+    for (int i = 0; i < period[0] * period[1]; ++i) {
+        line_table_.add(
+            whole_phases_3(first_conditions(), i / period[1], i % period[1], period[2]));
+    }
+}
+
+progression_3 direct_list_3::first_members(int h, int k) const {
+    const triple_3& period = group_.period;
+    if (line_table_.n == 0) return whole_phases_3(first_conditions(), h, k, period[2]);
+    const int rest = k % period[1];
+    return line_table_[h % period[0] * period[1] + (rest < 0 ? rest + period[1] : rest)];
+}
+
 void direct_list_3::write_line(int h, int k) {
+    members_ = first_members(h, k);
+    if (members_.is_empty()) return;
     if (!line_.find(h, k, {-box_.reach(2), box_.reach(2)})) return;
     box_.cover(h, k, line_.span(), covered_);
     if (covered_.is_empty()) return;
@@ -78,17 +99,13 @@ void direct_list_3::choose_tests(int h, int k) {
         if (kind == index_zeros_3::single) tests_ = tests::single;
         if (kind == index_zeros_3::some_members) tests_ = tests::mixed;
     }
-    if (tests_ != tests::all) {
-        members_ = whole_phases_3(free_lattice_, h, k, group_.period[2]);
-        return;
-    }
+    if (tests_ != tests::all) return;
     const bool plain = line_.shifts().n == 1;  // that of the unit
-    if (!plain) {
-        conditions_.n = 0;
-        for (const triple_3& shift : group_.lattice) conditions_.add(shift);
-        for (const triple_3& shift : line_.shifts()) conditions_.add(shift);
-    }
-    members_ = whole_phases_3(plain ? group_.lattice : conditions_, h, k, group_.period[2]);
+    if (plain && (!is_free_ || can_be_sure_)) return;
+    conditions_.n = 0;
+    for (const triple_3& shift : group_.lattice) conditions_.add(shift);
+    for (const triple_3& shift : line_.shifts()) conditions_.add(shift);
+    members_ = whole_phases_3(conditions_, h, k, group_.period[2]);
 }
 
 void direct_list_3::write_span(interval_3 part) {

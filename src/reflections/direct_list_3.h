@@ -41,6 +41,11 @@ private:
     enum class tests { all, single, mixed };
 
     bool find_lattice(const xyz_list_3& ops);
+    void make_line_table();
+    const list_0_3<triple_3>& first_conditions() const {
+        return is_free_ ? free_lattice_ : group_.lattice;
+    }
+    progression_3 first_members(int h, int k) const;
     void write_line(int h, int k);
     void choose_tests(int h, int k);
     void write_span(interval_3 part);
@@ -58,9 +63,10 @@ private:
     index_zeros_3 zeros_;
     line_presence_3 presence_;
     bool is_free_ = false;             ///< general reflections aren't tested
-    bool can_be_sure_ = false;         ///< presence_ can be asked for lines that aren't tested
+    bool can_be_sure_ = false;         ///< the lattice has no translations but those of its letter
     list_0_3<triple_3> free_lattice_;  ///< the conditions for those that aren't
     list_0_3<triple_3> conditions_;    ///< those for the present line
+    list_0_3<progression_3> line_table_;
     interval_union_3 lines_;
     interval_union_3 covered_;
     sum_list_3 sums_;

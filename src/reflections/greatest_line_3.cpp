@@ -5,6 +5,7 @@
 void greatest_line_3::set_up(const laue_group_3& group) {
     group_ = &group;
     branches_.clear();
+    failing_ = 0;
     for (int e = 0; e < group.order(); ++e) {
         const triple_3& row = group.elements[e].row[0];
         if (branches_.n == 0 || branches_[branches_.last()].row != row) branches_.add({row, e, e});
@@ -23,8 +24,13 @@ bool greatest_line_3::find(int h, int k, interval_3 within) {
     fixing_ = 0;
     ties_.n = 0;
     shifts_.n = 0;
-    for (const branch& same_first : branches_) {
-        if (!compare_branch(same_first)) return false;
+    for (int i = 0; i < branches_.n; ++i) {
+        // A line that has no interval mostly fails as the one before did.
+        if (compare_branch(branches_[failing_])) {
+            failing_ = failing_ + 1 < branches_.n ? failing_ + 1 : 0;
+        } else {
+            return false;
+        }
     }
     while (!check_end(span_.first, first_)) {
         if (++span_.first > span_.last) return false;

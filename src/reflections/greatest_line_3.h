@@ -63,6 +63,7 @@ private:
 
     const laue_group_3* group_ = nullptr;
     list_0_3<branch> branches_;
+    int failing_ = 0;  ///< the branch to begin with
     list_0_3<tie> ties_;
     list_0_3<triple_3> shifts_;
     int h_ = 0;

@@ -3,7 +3,8 @@
 #include "symmetry/xyz_op_3.h"
 
 /// Whether operators are a group but for whole cell edges: all different, and each product of two
-/// among them. They must be normalised and sorted.
+/// among them. They must be normalised and sorted. One with a coefficient other than -1, 0 and 1
+/// makes the answer no.
 ///
 /// Not all products are tried. Operators are taken up as generators until their products reach all
 /// of the list; the list is a group if each generator times each operator is in it, since every

@@ -92,9 +92,6 @@ bool laue_group_3::set_up(const xyz_list_3& ops, const class_lists_3& classes) {
     xyz_list_3 sorted(ops);
     normalise_xyzs_3(sorted);
     sort_xyzs_3(sorted);
-    for (const xyz_op_3& op : sorted) {
-        if (!has_small_coefficients(op)) return false;
-    }
     if (!is_group_3(sorted)) return false;
     for (const xyz_op_3& op : sorted) add_operator(op);
     add_negatives();
