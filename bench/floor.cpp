@@ -11,7 +11,9 @@
 #include <memory>
 #include <vector>
 
-static long size_of_file(const char* path) {
+namespace {
+
+long size_of_file(const char* path) {
     std::FILE* file = std::fopen(path, "rb");
     if (!file) return -1;
     std::fseek(file, 0, SEEK_END);
@@ -25,7 +27,7 @@ struct loaded_file {
     std::size_t size = 0;
 };
 
-static loaded_file load(const char* path) {
+loaded_file load(const char* path) {
     const long size = size_of_file(path);
     std::FILE* file = size > 0 ? std::fopen(path, "rb") : nullptr;
     if (!file) return {};
@@ -35,6 +37,8 @@ static loaded_file load(const char* path) {
     std::fclose(file);
     return loaded;
 }
+
+}  // namespace
 
 int main(int argc, char** argv) {
     if (argc < 2) {

@@ -12,8 +12,10 @@
 #include "library/magnetic/magnetic_groups.h"
 #include "library/magnetic/magnetic_names.h"
 
+namespace {
+
 // All operators of a magnetic group, with their signs.
-static xyz_list_3 operators_of(const magnetic_name_3& group) {
+xyz_list_3 operators_of(const magnetic_name_3& group) {
     xyz_list_3 ops;
     string_3 name;
     load_magnetic_group_3(ops, group.bns_number.data, name);
@@ -21,7 +23,7 @@ static xyz_list_3 operators_of(const magnetic_name_3& group) {
     return ops;
 }
 
-static double perpendicular_size(const cell& c, const triple_3& hkl, const mag_factor_3& f) {
+double perpendicular_size(const cell& c, const triple_3& hkl, const mag_factor_3& f) {
     double size = 0.0;
     double along[2] = {0.0, 0.0};
     for (int i = 0; i < 3; ++i) {
@@ -37,7 +39,7 @@ static double perpendicular_size(const cell& c, const triple_3& hkl, const mag_f
     return std::sqrt(std::fmax(size, 0.0));
 }
 
-static void print_factors(const char* group, const char* atoms_path, const char* symbol) {
+void print_factors(const char* group, const char* atoms_path, const char* symbol) {
     const xyz_list_3 ops = operators_of(find_magnetic_group_3(group));
     sg_file_names_3 names;
     names.set_symbol(symbol);
@@ -55,6 +57,8 @@ static void print_factors(const char* group, const char* atoms_path, const char*
                     perpendicular_size(sample.unit_cell, hkls[r], factors[r]));
     }
 }
+
+}  // namespace
 
 int main(int argc, char** argv) {
     if (argc != 4) return 1;

@@ -9,7 +9,9 @@
 #include "driver/request/sg_file_names_3.h"
 #include "library/groups/group_files.h"
 
-static void print_factors(const char* symbol, const char* atoms_path) {
+namespace {
+
+void print_factors(const char* symbol, const char* atoms_path) {
     xyz_list_3 ops;
     string_3 sg_path;
     load_group_xyzs_3(ops, sg_path, symbol);
@@ -30,6 +32,8 @@ static void print_factors(const char* symbol, const char* atoms_path) {
                     std::hypot(factors[r].a, factors[r].b));
     }
 }
+
+}  // namespace
 
 int main(int argc, char** argv) {
     if (argc != 3) return 1;

@@ -24,58 +24,58 @@ bool names_rhombohedral_axes(char_range_3 name) {
 
 bool catalogue_scan_3::next() {
     while (!next_in_record()) {
-        if (in.peek_non_white() == 0) return false;
+        if (in_.peek_non_white() == 0) return false;
         read_record();
     }
     return true;
 }
 
 void catalogue_scan_3::read_record() {
-    number = in.read_int();
-    tail = in.token();
-    in.open_block();
-    body = vstring_in(in.block_range());
-    next_slot = 0;
+    number_ = in_.read_int();
+    tail_ = in_.token();
+    in_.open_block();
+    body_ = vstring_in(in_.block_range());
+    next_slot_ = 0;
 }
 
 bool catalogue_scan_3::next_in_record() {
     for (;;) {
-        const char c = body.peek_non_white();
+        const char c = body_.peek_non_white();
         if (c == 0) return false;
         if (c == '-') {
-            body.advance();
+            body_.advance();
             move_on();
             continue;
         }
         is_main_name_ = c != '=';
         if (is_main_name_) {
-            slot = next_slot;
+            slot_ = next_slot_;
             move_on();
         } else {
-            body.advance();
-            slot = next_slot == 0 ? n_slots - 1 : next_slot - 1;
+            body_.advance();
+            slot_ = next_slot_ == 0 ? n_slots - 1 : next_slot_ - 1;
         }
-        name_ = body.token();
-        if (is_main_name_) main_name = name_;
+        name_ = body_.token();
+        if (is_main_name_) main_name_ = name_;
         return true;
     }
 }
 
-void catalogue_scan_3::move_on() { next_slot = next_slot == n_slots - 1 ? 0 : next_slot + 1; }
+void catalogue_scan_3::move_on() { next_slot_ = next_slot_ == n_slots - 1 ? 0 : next_slot_ + 1; }
 
 sg_catalogue_entry_3 catalogue_scan_3::entry() const {
     sg_catalogue_entry_3 entry;
-    entry.number = number;
-    entry.symbol.assign_range(main_name.begin, main_name.length());
-    entry.axes = axes_of_slot(number, slot);
+    entry.number = number_;
+    entry.symbol.assign_range(main_name_.begin, main_name_.length());
+    entry.axes = axes_of_slot(number_, slot_);
     char lattice_letter = entry.symbol.data[0];
     if (names_rhombohedral_axes(name_)) {
         entry.rhombohedral_hexagonal = "r";
         lattice_letter = 'p';
     }
     string_out symbol;
-    symbol << lattice_letter << tail;
+    symbol << lattice_letter << tail_;
     entry.computer_symbol = symbol.text();
-    if (is_monoclinic(number)) entry.unique_axis = unique_axes[slot];
+    if (is_monoclinic(number_)) entry.unique_axis = unique_axes[slot_];
     return entry;
 }

@@ -14,7 +14,7 @@ struct sg_catalogue_entry_3 {
     string_3 unique_axis;             ///< `x`, `y` or `z`; only monoclinic groups have it
     string_3 symbol;                  ///< its main name in the catalogue
     string_3 point_group;             ///< filled from point_group_table_3
-    string_3 rhombohedral_hexagonal;  ///< `r` where a trigonal group stands on rhombohedral axes
+    string_3 rhombohedral_hexagonal;  ///< `r` for a trigonal group on rhombohedral axes
     int number = -1;
 
     /// Writes the space_group block, and turns the fields to lower case for it.
@@ -29,5 +29,5 @@ struct sg_catalogue_entry_3 {
 /// with " Space group not found in lomar5.txt", or when the file is missing or malformed.
 sg_catalogue_entry_3 find_catalogue_entry(sg_file_names_3& names);
 
-/// The same for a name as it stands in the text of a catalogue.
+/// The same for a name as it is in the text of a catalogue.
 sg_catalogue_entry_3 find_catalogue_entry(const data_text_3& catalogue, const string_3& key);

@@ -7,8 +7,8 @@
 /// One run of the tool.
 class sg_driver_3 {
 public:
-    /// Carries out the whole run. A failure ends in here: its message goes to the console, and the
-    /// marker file is created if one was asked for.
+    /// Carries out the whole run. A failure doesn't leave it: its message is written to the
+    /// console, and the marker file is created if one was asked for.
     void run(int argc, const char* const* argv);
 
     /// Makes the .sg file of `group`. Its operators can be found in `operators` afterwards. After a

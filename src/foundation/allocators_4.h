@@ -6,12 +6,12 @@
 
 class allocator_4;
 
-/// A heap block divided into equal items. It is made for an item and goes with the last one, so
-/// `n_used` is never 0.
+/// A heap block divided into equal items. It is created for an item and released with the last one,
+/// so `n_used` is never 0.
 struct chunk_4 {
     std::uint64_t* bitmap;  ///< a bit for each item, lowest bits first, 1 while it is handed out
     allocator_4* owner;
-    char* storage;  ///< the items, one behind the other
+    char* storage;  ///< the items, one after the other
     int n_used;
 };
 

@@ -20,8 +20,8 @@
 //     mem_copy_3    how elements are copied
 //     n_added_3     how a full list grows
 //
-// Elements stand in one block from the block heap. Nothing checks an index. Three kinds of
-// elements are told apart by their type alone:
+// Elements are in one block from the block heap. Nothing checks an index. Three kinds of
+// elements are distinguished by their type alone:
 //
 //     plain        no constructor: a new element starts with stray bytes
 //     constructed  a constructor, but nothing to destroy: run when the block is made, for all of
@@ -153,7 +153,7 @@ public:
 
     void add(const T& value) {
         if (n == n_max) {
-            T copy(value);  // the value may stand in the block that goes
+            T copy(value);  // the value may be in the block that is released
             move_element(add(), copy);
         } else {
             this->block()[n] = value;  // may throw: the count rises only after it
@@ -167,7 +167,7 @@ public:
     /// Removes the element with index `i`; the gap is closed from behind, the capacity stays.
     void remove_at(int i);
 
-    /// Copies the elements of `other` behind the present ones; the capacity grows exactly.
+    /// Appends copies of the elements of `other`; the capacity grows exactly.
     template <typename Other>
     void append(const Other& other) {
         const int k = other.n;
@@ -219,7 +219,8 @@ public:
     /// An order for lists: shorter before longer, lists of one length element by element.
     bool less(const ctr_3& other) const;
 
-    /// Where `value` stands for the first time, or not_found. Looks at one element after another.
+    /// The index of the first element equal to `value`, or not_found. Looks at one element after
+    /// another.
     template <typename V>
     int find(const V& value) const {
         for (int k = 0; k < n; ++k) {

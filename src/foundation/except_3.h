@@ -33,14 +33,14 @@ std::unique_ptr<except_3> failure_of(Action&& action) {
 ///
 ///     (error_builder_3() << "Cannot open file" << path).fail();
 ///
-/// The pieces are set apart by blanks; one stands before the first piece too, so the text above
-/// is " Cannot open file" and the path behind another blank.
+/// The pieces are separated by blanks, with one before the first piece, too: the text above is
+/// " Cannot open file", a blank and the path.
 class error_builder_3 {
 public:
-    error_builder_3() : held(new except_3) {}
+    error_builder_3() : held_(new except_3) {}
     error_builder_3(const error_builder_3&) = delete;
     error_builder_3& operator=(const error_builder_3&) = delete;
-    ~error_builder_3() { delete held; }
+    ~error_builder_3() { delete held_; }
 
     error_builder_3& operator<<(const char* text);
     error_builder_3& operator<<(char c);
@@ -50,7 +50,7 @@ public:
     [[noreturn]] void fail();
 
 private:
-    except_3* held;
+    except_3* held_;
 };
 
 /// Fails with a message of one piece.

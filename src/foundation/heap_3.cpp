@@ -91,7 +91,7 @@ void heap_3::free_block(void* pointer) noexcept {
     if (bin.n == bin.n_max) {
         const std::int64_t n_max = bin.n_max * 2 + 16;
         void* entries = std::malloc(static_cast<std::size_t>(n_max) * sizeof(heap_entry_3));
-        if (entries == nullptr) {  // the bin can't grow: the block goes back to the system
+        if (entries == nullptr) {  // the bin can't grow: the block is returned to the system
             std::free(block_start(pointer));
             return;
         }

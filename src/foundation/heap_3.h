@@ -5,8 +5,8 @@
 
 /// A free block as its bin keeps it.
 struct heap_entry_3 {
-    void* block;          ///< behind the header, as alloc_block gave it out
-    std::uint64_t stamp;  ///< tells how long it has been free: heap_3::stamp when it was freed
+    void* block;          ///< after the header, as alloc_block returned it
+    std::uint64_t stamp;  ///< what heap_3::stamp was when it was freed
 };
 
 /// The free blocks of one size, as a stack: the block that came back last is handed out first.

@@ -14,10 +14,14 @@ std::uint64_t mem_limits_3::working_set_bytes() const {
     return platform_working_set(bytes) ? bytes : 0;
 }
 
-static const char* gib_text(double bytes) {
+namespace {
+
+const char* gib_text(double bytes) {
     constexpr double gib = 9.313225746154785e-10;
     return format_number("%8.3f", bytes * gib);
 }
+
+}  // namespace
 
 void mem_limits_3::check_memory(std::size_t size) {
     slots[0] += size;

@@ -23,10 +23,10 @@ public:
     void read_max_mem();
 
     /// Counts a request. If it completes the next GiB and the process uses more than the limit, a
-    /// report goes to the console and the process exits with status 1.
+    /// report is written to the console and the process exits with status 1.
     void check_memory(std::size_t size);
 
-    /// The bytes that the process has in use; 0 if the system doesn't tell.
+    /// The bytes that the process has in use; 0 if the system doesn't say.
     std::uint64_t working_set_bytes() const;
 
     double max_gb = 0.0;  ///< the limit in GiB

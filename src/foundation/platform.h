@@ -8,7 +8,7 @@
 /// The character between the parts of a path: `/` or `\`.
 extern const char platform_separator;
 
-/// What stands before the name of a program to run it from the current directory.
+/// The prefix that runs a program from the current directory.
 extern const char* const platform_program_prefix;
 
 /// Whether a character separates the parts of a path as a user may type it.

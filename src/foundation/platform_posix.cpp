@@ -63,9 +63,13 @@ bool platform_working_set(std::uint64_t& bytes) {
     return fields == 1;
 }
 
-static void wait_for(pid_t child) {
+namespace {
+
+void wait_for(pid_t child) {
     while (waitpid(child, nullptr, 0) == -1 && errno == EINTR) {}
 }
+
+}  // namespace
 
 bool platform_run_program(const char* const* arguments) {
     // The call doesn't write into the texts.

@@ -77,8 +77,10 @@ bool platform_working_set(std::uint64_t& bytes) {
     return true;
 }
 
+namespace {
+
 // The call may write into the line.
-static bool start_line(string_3& line, bool wait, bool no_window) {
+bool start_line(string_3& line, bool wait, bool no_window) {
     STARTUPINFOA startup = {};
     startup.cb = sizeof startup;
     PROCESS_INFORMATION process = {};
@@ -93,15 +95,19 @@ static bool start_line(string_3& line, bool wait, bool no_window) {
     return true;
 }
 
+}  // namespace
+
 bool platform_start(const char* command, bool wait, bool no_window) {
     string_3 line("cmd /C ");
     line.append(command);
     return start_line(line, wait, no_window);
 }
 
+namespace {
+
 // Appends an argument so that the started program finds it unchanged: in quotes, with a backslash
 // before a quote and one more for each backslash before that or before the end.
-static void append_quoted(string_3& line, const char* argument) {
+void append_quoted(string_3& line, const char* argument) {
     line.append(line.is_empty() ? "\"" : " \"");
     int backslashes = 0;
     for (const char* c = argument;; ++c) {
@@ -114,6 +120,8 @@ static void append_quoted(string_3& line, const char* argument) {
     }
     line.append('"');
 }
+
+}  // namespace
 
 bool platform_run_program(const char* const* arguments) {
     string_3 program(".\\");  // the call would look elsewhere before the current directory

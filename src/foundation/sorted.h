@@ -117,7 +117,7 @@ void unique_index(const List& list, const Index& index, Unique& unique, Less les
     unique.set_n(runs);
 }
 
-/// As unique_index; `count` tells how often each value occurs.
+/// As unique_index; `count` is how often each value occurs.
 template <typename List, typename Index, typename Unique, typename Count,
           typename Less = element_order_3>
 void unique_count(const List& list, const Index& index, Unique& unique, Count& count,
@@ -262,7 +262,7 @@ requires(is_list_3<List>&& is_list_3<Index>) int bsearch(const List& list, const
 /// What locate and nearest need to know of a sorted list and the value they look for.
 class B_cmp_w_3 {
 public:
-    /// Not 0 if the value comes behind the element with this index.
+    /// Not 0 if the value comes after the element with this index.
     virtual int less_than_key(int) const { return 0; }
     /// How far the element with this index is from the value; the sign is free.
     virtual double distance(int) const { return 0.0; }
@@ -270,7 +270,7 @@ public:
     virtual int last_index() const { return 0; }
 };
 
-/// The comparison for a list and a key that stand elsewhere and outlive it.
+/// The comparison for a list and a key, which must outlive it.
 template <typename C, typename V>
 class cmp_w_4 : public B_cmp_w_3 {
 public:

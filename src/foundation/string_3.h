@@ -8,7 +8,7 @@
 /// spare room; where it is left out, `data` points to the one NUL that all empty strings have in
 /// common, or to a text that isn't this string's to free and that must outlive it: whoever puts
 /// such a text into `data` of an empty string lends it, and operations in place change it. The NUL
-/// alone tells where the text ends: whoever writes one into `data` shortens it.
+/// alone marks the end of the text: whoever writes one into `data` shortens it.
 class string_3 {
 public:
     string_3() noexcept : data(shared_empty()) {}
@@ -41,7 +41,7 @@ public:
     /// Makes the text the `count` bytes at `source`, of which the last is NUL; with a count below 1
     /// the text is empty. `source` may be a part of this text.
     void assign(const char* source, int count);
-    /// As assign, for `length` characters without a NUL behind them.
+    /// As assign, for `length` characters that need no NUL after them.
     void assign_range(const char* source, int length);
     /// Takes over the buffer of `other`, which is left empty.
     void take(string_3& other) noexcept;
@@ -72,7 +72,8 @@ public:
     int replace_all(const char* what, const char* with);
     /// Puts double quotes around the text, unless it begins with one.
     void quote();
-    /// Removes a leading double quote and then a trailing one; without the first nothing goes.
+    /// Removes a leading double quote and then a trailing one; without the first nothing is
+    /// removed.
     void unquote();
 
     char* data;        ///< the text with its NUL; never null

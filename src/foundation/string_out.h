@@ -38,7 +38,7 @@ public:
     void pop();
     /// What the text ends in; NUL if it is empty.
     char last() const { return n < 2 ? '\0' : p[n - 2]; }
-    /// What stands before last(); NUL if nothing does.
+    /// The character before last(); NUL if there is none.
     char second_last() const { return n < 3 ? '\0' : p[n - 3]; }
 
     // These would take away the NUL or the room for it.

@@ -29,15 +29,15 @@ public:
         for (; *text != 0; ++text) insert(*text);
     }
 
-    constexpr void insert(char c) { bits[byte_of(c)] |= mask_of(c); }
-    constexpr bool contains(char c) const { return (bits[byte_of(c)] & mask_of(c)) != 0; }
+    constexpr void insert(char c) { bits_[byte_of(c)] |= mask_of(c); }
+    constexpr bool contains(char c) const { return (bits_[byte_of(c)] & mask_of(c)) != 0; }
 
 private:
     static constexpr unsigned byte_of(char c) { return static_cast<unsigned char>(c) >> 3; }
     static constexpr std::uint8_t mask_of(char c) {
         return static_cast<std::uint8_t>(128 >> (static_cast<unsigned char>(c) & 7));
     }
-    std::uint8_t bits[32] = {};
+    std::uint8_t bits_[32] = {};
 };
 
 /// Whether two texts are the same, as 1 or 0.
@@ -47,7 +47,7 @@ inline int text_equal(const char* a, const char* b) { return std::strcmp(a, b) =
 /// bytes beyond ASCII (128 to 255) come first, even before the NUL of a text that ends there.
 int text_less(const char* a, const char* b);
 
-/// Where `c` first stands in a text, or not_found. The NUL at the end isn't looked at.
+/// The first place of `c` in a text, or not_found. The NUL at the end isn't looked at.
 int text_index(char c, const char* text);
 
 /// Whether a text has `prefix` at its start, as 1 or 0. With no prefix it is 1.

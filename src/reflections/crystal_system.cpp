@@ -13,7 +13,7 @@ int order_of(const xyz_op_3& op) {
     return order == 0 ? highest_order + 1 : order;
 }
 
-// Of each pair of opposite rotations the one of larger order goes, or the later one.
+// Drops the rotation of larger order of each pair of opposites, or the later one.
 void drop_opposites(xyz_list_3& rotations) {
     int_list_3 paired;
     int_list_3 dropped;

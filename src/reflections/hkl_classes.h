@@ -21,9 +21,9 @@ const string_list_3& hkl_class_names_3();
 /// The number of a reflection's class. That of 0, 0, 0 is 0, though it is no hkl.
 int hkl_class_of_3(int h, int k, int l);
 
-/// Reads the blocks of the classes, one behind the other, out of a .sg file. Fails when one of the
+/// Reads the blocks of the classes, one after the other, from a .sg file. Fails when one of the
 /// seven is missing or malformed.
 void load_hkl_classes_3(sstring_in& in, class_lists_3& classes);
 
-/// Doubles each list: behind its n operators come their negatives, in the same order.
+/// Doubles each list: its n operators are followed by their negatives, in the same order.
 void add_friedel_mates_3(class_lists_3& classes);

@@ -2,9 +2,9 @@
 
 #include "symmetry/xyz_op_3.h"
 
-/// Which reflections the centring of a lattice lets exist; this class stands for `p`, which lets
-/// all of them. A reflection must pass both questions, of which the second saves the first for a
-/// line of l.
+/// Which reflections the centring of a lattice lets exist; this class is for `p`, which allows all
+/// of them. A reflection must pass both questions, of which the second saves the first for a line
+/// of l.
 class lattice_type_3 {
 public:
     /// 0 if the three indices don't go together, else 1. It may leave out what hk_allowed sees.

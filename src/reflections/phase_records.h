@@ -16,7 +16,7 @@ struct translation_sum_3 {
 
 using sum_list_3 = list_0_3<translation_sum_3>;
 
-/// Numbers that belong to somebody else, as a matrix: element (row, column) stands at
+/// Numbers that belong to somebody else, as a matrix: element (row, column) is at
 /// p[stride * row + column]. With a stride of 0 all rows are one and the same.
 template <typename T>
 struct store_3 {
@@ -34,8 +34,8 @@ struct store_3 {
 // In `out` the cosine part comes before the sine part, each added or stored.
 using number_store_3 = store_3<double>;
 
-// A kernel carries out one step for the first n reflections. `index` tells for each of them where
-// its translation sums stand in `sums`; `row` is the group.
+// A kernel carries out one step for the first n reflections. `index` gives for each of them the
+// place of its translation sums in `sums`; `row` is the group.
 using rotate_kernel_3 = void (*)(const number_store_3& w, const int_list_3& index,
                                  const sum_list_3& sums, int row, int n);
 using rotate_t_kernel_3 = void (*)(const number_store_3& w, const int_list_3& index,

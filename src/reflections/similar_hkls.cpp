@@ -70,7 +70,7 @@ void composed_with(const xyz_list_3& ops, const xyz_op_3& last, xyz_list_3& out)
     for (xyz_op_3& op : out) compose(op, last);
 }
 
-// Where the first operator stands that undoes the rotation `form`, or not_found.
+// The place of the first operator that undoes the rotation `form`, or not_found.
 int find_inverse(const xyz_list_3& ops, const xyz_op_3& form) {
     xyz_op_3 inverse = form;
     invert(inverse);

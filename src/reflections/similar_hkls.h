@@ -15,7 +15,7 @@ const xyz_list_3& hkl_form_table_3();
 /// Works out the seven lists for a group, whose operators must be normalised and sorted.
 void similar_hkls_3(const xyz_list_3& ops, class_lists_3& classes);
 
-/// Writes the seven blocks behind a note line. Fails with " Error in out_similar_hkls_3" unless
+/// Writes a note line and the seven blocks. Fails with " Error in out_similar_hkls_3" unless
 /// there are seven lists.
 void out_similar_hkls_3(stream_out& stream, const class_lists_3& classes);
 

@@ -11,7 +11,7 @@
 void load_xyzs_3(sstring_in& in, xyz_list_3& ops);
 
 /// Reads one operator such as `-x, y+1/2, -z`; instead of a comma there may be a new line. A number
-/// behind a third comma becomes the tag, which otherwise stays. Fails with
+/// after a third comma becomes the tag, which otherwise stays. Fails with
 /// " Error loading symmetry xyz's".
 void load_xyz_op_3(sstring_in& in, xyz_op_3& op);
 

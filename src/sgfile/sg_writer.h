@@ -15,5 +15,5 @@ void move_identity_to_front(xyz_list_3& ops);
 /// The xyzs section up to the last of these operators; more may follow.
 void write_xyzs_head(stream_out& stream, const xyz_list_3& ops);
 
-/// The xyzs section of the operators as they stand, without centring and without a count.
+/// The xyzs section of the operators in this order, without centring and without a count.
 void write_plain_xyzs(stream_out& stream, const xyz_list_3& ops);

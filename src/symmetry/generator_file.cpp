@@ -10,7 +10,7 @@
 
 namespace {
 
-// Moves behind the word `symmetry`; false if the text has no more of them.
+// Moves past the word `symmetry`; false if the text has no more of them.
 bool find_symmetry(sstring_in& in) {
     constexpr char_set_3 word_ends("{ \n\t");
     string_out word;

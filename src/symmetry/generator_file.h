@@ -7,7 +7,7 @@
 ///
 ///     symmetry { x, y, z; -x, y+1/2, -z+1/2 }
 ///
-/// Any text may stand before `symmetry`. Rows are set apart by commas or semicolons, and three of
+/// Any text may precede `symmetry`. Rows are separated by commas or semicolons, and three of
 /// them make a generator; numerators and denominators have one digit. If the file ends inside
 /// a generator, the missing rows are 0. Fails when the file can't be opened, or with " Missing: {",
 /// " No generators in file" and the name, or " Error loading symmetry xyz's".

@@ -16,7 +16,7 @@ void skip_brace(sstring_in& in) {
     in.get();
 }
 
-// The place where the first key stands that stood before, or not_found.
+// The place of the first key that occurred before, or not_found.
 int first_repeated(const group_record_3& keys) {
     int repeated = not_found;
     int k = 0;

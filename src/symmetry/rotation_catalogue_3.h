@@ -9,7 +9,7 @@
 /// sgrots3.txt.
 class rotation_catalogue_3 {
 public:
-    /// Reads the file. Fails when it is missing, or when a key stands in it twice.
+    /// Reads the file. Fails when it is missing, or when a key occurs in it twice.
     explicit rotation_catalogue_3(const char* path);
 
     /// The same from the text of the file.

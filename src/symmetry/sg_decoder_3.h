@@ -14,7 +14,7 @@ class rotation_catalogue_3;
 /// The symbol, such as `cmci1a000p2b006`, has a head of three characters: the lattice letter, the
 /// letter of the crystal system, and one that nothing reads. Then come generators of six
 /// characters: three that name a rotation (see generator_powers), and three digits of translation.
-/// A digit d stands for d/12 of a cell edge, but 5 stands for 10/12. Each generator gives a cyclic
+/// A digit d means d/12 of a cell edge, but 5 means 10/12. Each generator gives a cyclic
 /// group; multiplied together these are the group, but for its centring.
 ///
 /// A decoder is used for one symbol.

@@ -26,7 +26,7 @@ using xyz_list_3 = list_0_3<xyz_op_3>;
 
 // One operator
 
-/// Puts b behind a: a = (Rb Ra, Rb ta + tb). Clears the tag.
+/// Applies b after a: a = (Rb Ra, Rb ta + tb). Clears the tag.
 void compose(xyz_op_3& a, const xyz_op_3& b);
 /// Inverts a, which stays in integers only if its determinant is 1 or -1, as in any group.
 void invert(xyz_op_3& a);
@@ -35,7 +35,7 @@ void conjugate(xyz_op_3& a, const xyz_op_3& A);
 /// Multiplies by the inversion: R = -R with n 3, and t = -t as well with n 4.
 void negate_rotation(xyz_op_3& a, int n);
 void transpose_rotation(xyz_op_3& a);
-/// Exchanges columns of a rotation: column p[c] of src goes to column c of dst. The rest of dst
+/// Exchanges columns of a rotation: column p[c] of src becomes column c of dst. The rest of dst
 /// isn't changed.
 void permute_columns(xyz_op_3& dst, const xyz_op_3& src, const triple_3& p);
 void add_translation(xyz_op_3& a, const triple_3& v);
@@ -84,15 +84,15 @@ xyz_list_3 rotations_of(const xyz_list_3& ops);
 /// What reading an operator fails with.
 inline constexpr char malformed_xyzs_3[] = "Error loading symmetry xyz's";
 
-/// Writes a sum such as `-mx+my`: for each sign that isn't 0 the sign, a plus only behind another
+/// Writes a sum such as `-mx+my`: for each sign that isn't 0 the sign, a plus only after another
 /// term, then `prefix`, unless it is NUL, and the letter. Gives whether there was any.
 bool write_terms(string_out& out, const int signs[3], char prefix, const char* letters);
 /// What write_xyz makes of a coefficient: -1 for -1, 1 for any other but 0.
 int sign_of_term(std::int64_t coefficient);
 
-/// Writes an operator on a new line behind a tab, and a blank behind it: `x-y, -y, -z-1/3 `. Of a
-/// coefficient only the sign shows, so a 2 would look like a 1; no setting of the catalogue has
-/// one.
+/// Writes an operator on a new line, with a tab before it and a blank after it: `x-y, -y, -z-1/3 `.
+/// Of a coefficient only the sign shows, so a 2 would look like a 1; no setting of the catalogue
+/// has one.
 void write_xyz(stream_out& stream, const xyz_op_3& a);
 
 /// A translation as text: `1/2`, `-1/4`, `0`. Above a half it is written as a negative

@@ -14,8 +14,8 @@ public:
     explicit data_text_3(const string_3& path);
 
     /// What there is to read, up to a NUL.
-    const char* text() const { return contents.text(); }
+    const char* text() const { return contents_.text(); }
 
 private:
-    string_out contents;
+    string_out contents_;
 };

@@ -28,7 +28,7 @@ void file_in::close() {
 }
 
 void file_in::load() {
-    constexpr int spare = 1000;  // room behind the text
+    constexpr int spare = 1000;  // room after the text
     const int size = file_size(name.data);
     if (size > 2147483647 - spare - 1) {
         file_io::close();

@@ -8,9 +8,9 @@
 /// Reads a text file. Opening loads all of it and closes it again; what follows works on the copy
 /// in memory, in which NUL and, without keep_cr, CR are replaced by blanks.
 ///
-/// drop_comments replaces comments by blanks as well: what a line has behind a single quote, and
-/// what stands between `/*` and `*/`, which may lie inside each other. Both count between double
-/// quotes, too. Fails with " Unclosed comment block" if a `*/` is missing.
+/// drop_comments replaces comments by blanks as well: what follows a single quote on a line, and
+/// what is between `/*` and `*/`, which may be nested. Both count between double quotes, too. Fails
+/// with " Unclosed comment block" if a `*/` is missing.
 class file_in : public file_io, public sstring_in, public in_tag_3 {
 public:
     // Values of load_flags.

@@ -11,26 +11,26 @@ file_in_bin::file_in_bin(const char* path) {
 }
 
 void file_in_bin::close() {
-    pushed_back.n = 0;
+    pushed_back_.n = 0;
     file_io::close();
 }
 
 int file_in_bin::at_eof() {
-    if (pushed_back.n != 0) return 0;
+    if (pushed_back_.n != 0) return 0;
     const int byte = get_byte();
     if (byte == EOF) return 1;
-    pushed_back.add(static_cast<char>(byte));
+    pushed_back_.add(static_cast<char>(byte));
     return 0;
 }
 
 int file_in_bin::get_byte() {
-    if (pushed_back.n == 0) return file != nullptr ? std::fgetc(file) : EOF;
-    return static_cast<unsigned char>(pushed_back[--pushed_back.n]);
+    if (pushed_back_.n == 0) return file != nullptr ? std::fgetc(file) : EOF;
+    return static_cast<unsigned char>(pushed_back_[--pushed_back_.n]);
 }
 
 void file_in_bin::read_bytes(void* to, std::size_t size) {
     char* out = static_cast<char*>(to);
-    for (; size > 0 && pushed_back.n != 0; --size) *out++ = static_cast<char>(get_byte());
+    for (; size > 0 && pushed_back_.n != 0; --size) *out++ = static_cast<char>(get_byte());
     if (size > 0 && file != nullptr && std::fread(out, 1, size, file) < size) return;
 }
 

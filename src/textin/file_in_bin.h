@@ -7,8 +7,8 @@
 #include "textin/file_io.h"
 #include "textin/in_tag_3.h"
 
-/// A binary file, read value by value in the processor's byte order. What lies behind the end of
-/// the file reads as 0. Lists read themselves from it: list.read_binary(file).
+/// A binary file, read value by value in the processor's byte order. Beyond the end of the file
+/// everything reads as 0. Lists read themselves from it: list.read_binary(file).
 class file_in_bin : public file_io, public in_tag_3 {
 public:
     /// Opens the file. If it can't, fails as file_in does.
@@ -49,9 +49,9 @@ public:
         static_cast<void>(base);
         return count;
     }
-    /// Reads a text and the NUL behind it. One that the file cuts off ends there.
+    /// Reads a text and its NUL. One that the file cuts off ends there.
     void read_text(string_3& out);
-    /// Fills `size` bytes; those behind the end of the file stay as they are.
+    /// Fills `size` bytes; those beyond the end of the file keep their values.
     void read_bytes(void* to, std::size_t size);
 
     /// Reads a list of texts: count, first index, then each text with its NUL.
@@ -67,5 +67,5 @@ private:
     void check_size(std::int64_t size);
     [[noreturn]] void refuse_list() const;
 
-    list_0_3<char> pushed_back;
+    list_0_3<char> pushed_back_;
 };

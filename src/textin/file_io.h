@@ -24,7 +24,7 @@ protected:
     int io_flags = 0;
 };
 
-/// A file known by its path. It is closed when the object goes.
+/// A file known by its path. It is closed when the object is destroyed.
 class file_io : public B_file_io {
 public:
     ~file_io() override { file_io::close(); }
@@ -73,5 +73,5 @@ void current_dir_slash(string_3& out);
 /// Where the file's own name begins in a path. An empty path has none: not_found.
 int dir_start(const char* path);
 
-/// What stands before the file's own name in a path.
+/// The part of a path before the file's own name.
 void dir_part(const char* path, string_3& out);

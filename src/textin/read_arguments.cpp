@@ -4,7 +4,7 @@
 
 namespace {
 
-// Stops on what comes behind the argument: a comma, or the closing parenthesis.
+// Stops on what follows the argument: a comma, or the closing parenthesis.
 void pass_argument(sstring_in& in) {
     for (;;) {
         const char c = in.peek();

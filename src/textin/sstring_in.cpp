@@ -184,7 +184,7 @@ void sstring_in::open_block() {
     advance();
 }
 
-// Moves to the `close` that matches for a position behind an `open`; false if there is none.
+// Moves to the `close` that matches for a position after an `open`; false if there is none.
 bool sstring_in::find_block_end(char open, char close) {
     int depth = 1;
     for (; !at_end(); ++pos) {

@@ -7,9 +7,9 @@
 // Reading text that is in memory. All readers of files split it in the same way:
 //
 //     white space   " \t\r\n" in any number
-//     token         what stands between white space, so that `xyzs{` is a single token
+//     token         what is between white space, so that `xyzs{` is a single token
 //     number        a token; int_of_text and double_of_text make the best of it
-//     block         what stands between `{` and its `}`, with other blocks in it or not
+//     block         what is between `{` and its `}`, inner blocks included
 //
 // Operations that fail throw an except_3* (foundation/except_3.h).
 
@@ -74,7 +74,7 @@ public:
     char_range_3 token();
     int read_int() { return int_of_text(range_text(token()).text()); }
     double read_double() { return double_of_text(range_text(token()).text()); }
-    /// Puts a NUL behind a copy of the range. All calls share the copy: use it before the next one.
+    /// Copies the range and adds a NUL. All calls share the copy: use it before the next one.
     static const string_out& range_text(char_range_3 range);
     /// Whether a range and a text read the same, as 1 or 0.
     static int range_equal(char_range_3 range, const char* text);
@@ -96,7 +96,7 @@ public:
     int find_tag(const char* tag, int flags);
     /// Looks for a text, which may be a part of a token.
     int find_text(const char* what);
-    /// Appends what stands before the next character of `set` to `out`, and stops on that one.
+    /// Appends the text before the next character of `set` to `out`, and stops on that one.
     void read_until(const char_set_3& set, string_out& out);
     /// As read_until, for a comma, a semicolon or a `}`.
     int read_field(string_out& out);
@@ -107,17 +107,17 @@ public:
 
     /// Passes white space and `{`; fails on anything else.
     void open_block();
-    // The next three begin behind the opening brace and pass the closing one; they fail if it is
+    // The next three begin after the opening brace and pass the closing one; they fail if it is
     // missing.
 
     /// Appends the contents of the block, with the inner blocks, to `out`.
     void block_body(string_out& out) { out << block_range(); }
     /// Gives the contents in place, without a copy.
     char_range_3 block_range();
-    /// Passes the block. Other characters may stand for the braces.
+    /// Passes the block. Other characters may be used for the braces.
     void skip_block(char open, char close);
-    /// Whether a block goes on behind white space, as 1 or 0. Passes the `}` that says no; if the
-    /// text ends, the block does so, too.
+    /// Whether more of a block follows after white space, as 1 or 0. Passes the `}` that says no;
+    /// if the text ends, the block does so, too.
     int more_in_block();
 
     const char* text;
@@ -153,5 +153,5 @@ public:
 /// Blank, CR, TAB and LF.
 inline constexpr char_set_3 white_set_3(" \r\t\n");
 
-/// What may stand behind a row of an operator.
+/// What may follow a row of an operator.
 inline constexpr char_set_3 field_end_set_3("\r\n,");

@@ -31,16 +31,16 @@ void file_out::flush() {
 
 void file_out::finish() {
     write_all();
-    if (file != nullptr && std::fclose(file) != 0) incomplete = true;
+    if (file != nullptr && std::fclose(file) != 0) incomplete_ = true;
     file = nullptr;
-    if (!std::exchange(incomplete, false)) return;
+    if (!std::exchange(incomplete_, false)) return;
     (error_builder_3() << "Cannot write file" << name).fail();
 }
 
 void file_out::write_out(const char* text, int length) {
     if (file == nullptr || incomplete || length < 1) return;
     const auto size = static_cast<std::size_t>(length);
-    if (std::fwrite(text, 1, size, file) != size) incomplete = true;
+    if (std::fwrite(text, 1, size, file) != size) incomplete_ = true;
 }
 
 void file_out::write_all() {
@@ -55,8 +55,8 @@ void file_out::write_part() {
     buffer.n = keep;
 }
 
-// A long text goes out at once but for its tail. Otherwise this fills the buffer up to one
-// character above the mark, writes out a part, and goes on.
+// A long text is written at once except for its tail. Otherwise this fills the buffer up to one
+// character above the mark, writes out a part, and continues.
 void file_out::append(const char* text, int length) {
     if (length > long_text && file != nullptr) {
         write_all();

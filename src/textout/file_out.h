@@ -45,7 +45,7 @@ public:
 
     /// Takes back the last character; there must be one.
     void pop() override { --buffer.n; }
-    /// Takes back `text` and what stands behind it, if the held text ends in it; 1 if it did.
+    /// Removes `text` and what follows it, if the held text ends in it; 1 if it did.
     int remove_tail(const char* text, int flags) override;
     /// Gives the last `count` characters in `out` and the place where they begin, or -1 if fewer
     /// are held.
@@ -62,5 +62,5 @@ private:
     void write_all();
     void write_out(const char* text, int length);
 
-    bool incomplete = false;  // the system couldn't write something
+    bool incomplete_ = false;  // the system couldn't write something
 };

@@ -15,9 +15,9 @@ using vector_1_3 = list_n1_3<char>;
 using vector_string_3 = list_n1_3<string_3>;
 
 /// Where output goes. Here numbers are turned into text (number_text), and all text ends up in one
-/// operation, `<<` for a const char*, which a class of streams replaces, and others for speed. As
-/// it stands here it discards the text. Failures to write are not noticed: look at the length of
-/// the file if the disk may be full.
+/// operation, `<<` for a const char*, which a class of streams replaces, and others for speed. This
+/// base class discards the text. Failures to write are not noticed: look at the length of the file
+/// if the disk may be full.
 class stream_out {
 public:
     stream_out() = default;

@@ -2,7 +2,7 @@
 
 #include "foundation/not_found.h"
 
-/// The name of the file that a failed run leaves behind (option -e); null when none was given.
+/// The name of the file that a failed run creates (option -e); null when none was given.
 extern const char* error_marker;
 
 /// Creates the marker file, empty, also when memory has run out; does nothing when no name was
@@ -18,13 +18,13 @@ public:
     int count() const { return argc; }
     const char* argument(int i) const { return argv[i]; }
 
-    /// Where `text` stands on the command line, or not_found. The symbol at index 1 counts as well;
+    /// The index of `text` on the command line, or not_found. The symbol at index 1 counts as well;
     /// the program's name doesn't.
     int find_arg(const char* text) const;
 
     bool has(const char* text) const { return find_arg(text) != not_found; }
 
-    /// The argument `place` places behind the option at index `i`, from 1. Fails with
+    /// The argument `place` places after the option at index `i`, from 1. Fails with
     /// " Missing value for" and the option when the arguments end before.
     const char* value_of(int i, int place = 1) const;
 

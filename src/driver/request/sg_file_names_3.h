@@ -19,8 +19,8 @@ public:
     bool is_valid();
 
     /// What to look for in the catalogue, or empty if is_valid() says no: the symbol in lower case
-    /// without blanks, underscores, and an `h` with all behind it. A number may keep its colon, but
-    /// not for a `:1`; other symbols keep theirs if they end in `:2`.
+    /// without blanks, underscores, and an `h` with everything after it. A number may keep its
+    /// colon, but not for a `:1`; other symbols keep theirs if they end in `:2`.
     const string_3& lower_symbol();
 
     // Empty while the symbol is invalid.

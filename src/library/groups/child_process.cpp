@@ -24,7 +24,7 @@ void run_line(const char* line) {
     if (command_runner != nullptr) {
         command_runner->run(line, runner_flags);
     } else {
-        // The missing result of the child tells of a failure.
+        // A failure shows in the missing result of the child.
         [[maybe_unused]] const int status = std::system(line);
     }
 }
@@ -82,8 +82,10 @@ int args_err_3::run() {
     return remove_file(error_file_path().text()) == 0;
 }
 
+namespace {
+
 // Without a command interpreter, which would look into the names of directories for commands.
-static void run_tool(sg_file_names_3& names) {
+void run_tool(sg_file_names_3& names) {
     string_3 path(data_dir());
     path.append("lomar6");
     const string_3 program = local_name(path.data);
@@ -93,6 +95,8 @@ static void run_tool(sg_file_names_3& names) {
     const directory_visit visit(path.data);
     platform_run_program(arguments);
 }
+
+}  // namespace
 
 int run_generation(sg_file_names_3& names) {
     constexpr char_set_3 symbol_characters("abcdefghijklmnopqrstuvwxyz0123456789/:-");

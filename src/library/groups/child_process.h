@@ -6,7 +6,7 @@
 // Running the tool, or a program like it, in another process. The exit status says nothing, so the
 // option -e names an error file: if it is there at the end, the child failed.
 
-/// Where the error file is made: "err.txt" behind what data_dir() was at the first call.
+/// Where the error file is created: "err.txt" in what data_dir() was at the first call.
 const string_out& error_file_path();
 
 /// A command line that can be run. All objects use one error file, so don't keep two at a time.

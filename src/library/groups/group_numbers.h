@@ -4,7 +4,7 @@
 #include "textout/stream_out.h"
 
 /// By group number, 1 to 230, what the catalogue calls the group in the setting that its bare
-/// number stands for: lower case, blanks between the names, empty if it has none. Read at first
+/// number means: lower case, blanks between the names, empty if it has none. Read at first
 /// use; fails as load_sg_names does, and what was read until then is the table from that time on.
 const vector_string_3& sg_name_table();
 

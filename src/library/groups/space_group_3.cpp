@@ -39,16 +39,16 @@ space_group_3 space_group_of(const char* symbol) {
 }
 
 space_groups_3::space_groups_3()
-    : catalogue(catalogue_path()), rotations(data_text_3(data_path("sgrots3.txt"))) {}
+    : catalogue_(catalogue_path()), rotations_(data_text_3(data_path("sgrots3.txt"))) {}
 
-space_groups_3::space_groups_3(const data_text_3& catalogue_, const data_text_3& rotations_)
-    : catalogue(catalogue_), rotations(rotations_) {}
+space_groups_3::space_groups_3(const data_text_3& catalogue, const data_text_3& rotations)
+    : catalogue_(catalogue), rotations_(rotations) {}
 
 space_group_3 space_groups_3::find(const char* symbol) const {
     sg_file_names_3 names = names_of(symbol);
-    return group_of(find_catalogue_entry(catalogue, names.lower_symbol()));
+    return group_of(find_catalogue_entry(catalogue_, names.lower_symbol()));
 }
 
 space_group_3 space_groups_3::group_of(const sg_catalogue_entry_3& entry) const {
-    return make_group(entry, rotations);
+    return make_group(entry, rotations_);
 }

@@ -28,9 +28,9 @@ public:
     /// The group of a record that scan() or find_catalogue_entry gave.
     space_group_3 group_of(const sg_catalogue_entry_3& entry) const;
     /// Goes through all names, and so through all settings. The object must outlive the scan.
-    catalogue_scan_3 scan() const { return catalogue_scan_3(catalogue.text()); }
+    catalogue_scan_3 scan() const { return catalogue_scan_3(catalogue_.text()); }
 
 private:
-    data_text_3 catalogue;
-    rotation_catalogue_3 rotations;
+    data_text_3 catalogue_;
+    rotation_catalogue_3 rotations_;
 };

@@ -23,7 +23,7 @@ void add_rotated_triple(triple_3& out, const xyz_op_3& op, int x, int y, int z);
 
 /// Appends the rotations g h, g g h, ... up to the first that equals that of h, with translations
 /// of 0, and gives 1; or 0 if 24 products didn't come back to it. h ends as the product before the
-/// last, or as the last of the 24; it mustn't stand in `ops`.
+/// last, or as the last of the 24; it must not be an element of `ops`.
 int rotation_cycle(const xyz_op_3& g, xyz_op_3& h, xyz_list_3& ops);
 
 /// For each operator x in the list, appends g x, g g x, ... normalised, up to the first that equals
@@ -31,6 +31,6 @@ int rotation_cycle(const xyz_op_3& g, xyz_op_3& h, xyz_list_3& ops);
 /// empty list is taken for that of P 1 and so becomes the cyclic group of g.
 int close_cycles(const xyz_op_3& g, xyz_list_3& ops);
 
-/// 1 if a power of `op`, the 24th at most, has the rotation of `target`; else 0. Powers behind one
+/// 1 if a power of `op`, the 24th at most, has the rotation of `target`; else 0. Powers after one
 /// that is exactly x, y, z aren't tried; as nothing is normalised, x+1, y, z is no such one.
 int power_reaches(const xyz_op_3& op, const xyz_op_3& target);

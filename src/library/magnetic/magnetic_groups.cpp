@@ -47,7 +47,7 @@ void read_magnetic_record(sstring_in& in, const char* key, xyz_list_3& ops, stri
 
 bool is_opposite(int a, int b) { return (a == 1 && b == -1) || (a == -1 && b == 1); }
 
-// Joins operators that stand in the sorted list with both signs; gives the number of pairs.
+// Joins operators that are in the sorted list with both signs; gives the number of pairs.
 int merge_signs(xyz_list_3& ops) {
     int_list_3 merged;
     merged.new_n_zero(ops.n);

@@ -8,7 +8,7 @@
 struct magnetic_name_3 {
     string_3 bns_number;  ///< the key of load_magnetic_group_3, such as 14.79
     string_3 og_number;   ///< such as 14.5.90
-    string_3 bns_symbol;  ///< ^ stands for the prime, as in shubnikovgroups.txt
+    string_3 bns_symbol;  ///< with ^ for the prime, as in shubnikovgroups.txt
     string_3 og_symbol;
     int type = 0;           ///< 1 colourless, 2 grey, 3 without and 4 with primed translations
     int family_number = 0;  ///< the space group without regard to time reversal
@@ -23,7 +23,7 @@ struct magnetic_name_3 {
 /// missing.
 magnetic_name_3 find_magnetic_group_3(const char* name);
 
-/// The same from the text of magnetic_names.txt, which stands for the path in messages.
+/// The same from the text of magnetic_names.txt, whose name replaces the path in messages.
 magnetic_name_3 find_magnetic_group_3(const data_text_3& names, const char* name);
 
 /// Goes through the groups of magnetic_names.txt, for instance to list them:

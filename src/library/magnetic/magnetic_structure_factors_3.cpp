@@ -2,7 +2,11 @@
 
 #include "library/magnetic/sum_into_mag_3.h"
 
-static number_store_3 store_of(list_0_3<mag_factor_3>& rows) { return {rows[0].part, 6, rows.n}; }
+namespace {
+
+number_store_3 store_of(list_0_3<mag_factor_3>& rows) { return {rows[0].part, 6, rows.n}; }
+
+}  // namespace
 
 void magnetic_structure_factors_3::set_up(const xyz_list_3& ops, const list_0_3<triple_3>& hkls) {
     terms_.set_up(ops, hkls, true);

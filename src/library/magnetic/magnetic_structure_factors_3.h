@@ -21,8 +21,8 @@ struct mag_factor_3 {
 ///
 ///     0.2695 f sign det(R) R m exp(2 pi i h (R x + t))
 ///
-/// where the sign is the time reversal in the tag of the operator. An operator that stands for both
-/// signs (tag 2) contributes nothing.
+/// where the sign is the time reversal in the tag of the operator. An operator that has both signs
+/// (tag 2) contributes nothing.
 class magnetic_structure_factors_3 {
 public:
     /// `ops` is the whole group, each operator once, centring copies included, and must outlive the

@@ -2,9 +2,9 @@
 
 #include "reflections/phase_records.h"
 
-// The last step of magnetic sums: what a group of operators scatters goes to `out`, where each
-// reflection has a row of six numbers, real and imaginary part for one axis after the other. They
-// come from the pair (s, c) of `w`, a real factor, and the moment of the group:
+// The last step of magnetic sums: what a group of operators scatters is written to `out`, where
+// each reflection has a row of six numbers, real and imaginary part for one axis after the other.
+// They come from the pair (s, c) of `w`, a real factor, and the moment of the group:
 //
 //     real form:  c M0, s M3, c M1, s M4, c M2, s M5
 //     i form:     the same with -s for c, and c for s
@@ -19,8 +19,8 @@ struct e_sum_into_mag_1 {
     static void take(double& to, double value) { to = value; }
 };
 
-/// The operations. Objects either add to the rows or overwrite them; below, "gives" stands for
-/// both. The mask of an object names numbers of the moment; all objects work on all six numbers.
+/// The operations. Objects either add to the rows or overwrite them; below, "gives" means
+/// either. The mask of an object names numbers of the moment; all objects work on all six numbers.
 class B_sum_into_mag_3 {
 public:
     /// The real form with a factor from `t`.

@@ -83,11 +83,15 @@ void td_ln_soft_3::fill(function_table_3& table, int from) const {
 
 template class td_max_n_chk_3<function_table_3>;
 
+namespace {
+
 // Built in this order at the start of the process.
-static td_1_on_x_soft_3 table_of_1_on_x;
-static td_sqrt_x_soft_3 table_of_sqrt_x;
-static td_1_on_sqrt_x_soft_3 table_of_1_on_sqrt_x;
-static td_ln_soft_3 table_of_ln;
+td_1_on_x_soft_3 table_of_1_on_x;
+td_sqrt_x_soft_3 table_of_sqrt_x;
+td_1_on_sqrt_x_soft_3 table_of_1_on_sqrt_x;
+td_ln_soft_3 table_of_ln;
+
+}  // namespace
 
 td_1_on_x_soft_3& td_1_on_x() { return table_of_1_on_x; }
 td_sqrt_x_soft_3& td_sqrt_x() { return table_of_sqrt_x; }

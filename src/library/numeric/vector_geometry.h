@@ -4,13 +4,13 @@
 #include "textout/stream_out.h"
 
 // Geometry with double v[3], orthogonal coordinates of equal units, and double matrix[9], one row
-// behind the other. Where nothing is said about an angle it is in radians. An output may be the
+// after the other. Where nothing is said about an angle it is in radians. An output may be the
 // same array as an input. Components that aren't finite give results that aren't.
 
 /// A vector of (nearly) no length has no direction and so no angle. Catch this by reference.
 class xyz_bad_angle_3 {};
 
-/// What stands in a result that couldn't be computed.
+/// The value of a result that couldn't be computed.
 inline constexpr double no_value_3 = -999.0;
 
 /// The matrix that changes nothing.
@@ -72,8 +72,8 @@ void diagonals(const double a[3], const double b[3], const double c[3], double o
 int distance_angle(const double atom_a[3], const double atom_b[3], const double atom_c[3],
                    double& dist, double& angle);
 /// As distance_angle, and the torsion angle a-b-c-d in degrees, above -180 and at most 180. The
-/// torsion is done first, then the angle, then the distance; a 0 tells that one of the angles has
-/// no value, and what would have come behind it has none either.
+/// torsion is done first, then the angle, then the distance; a 0 means that one of the angles has
+/// no value, and neither have the results after it.
 int distance_angle_torsion(const double atom_a[3], const double atom_b[3], const double atom_c[3],
                            const double atom_d[3], double& dist, double& angle, double& torsion);
 

@@ -9,12 +9,12 @@
 //     new s = (s * A1 + c * B1) * f      its imaginary part
 //
 // Where all operators of a group are in inversion pairs the imaginary part of the sum vanishes; the
-// new s is then (s * A2 + c * B2) * f, of use to magnetic sums, and never goes to `out`. The factor
+// new s is then (s * A2 + c * B2) * f, for magnetic sums, and is never written to `out`. The factor
 // f is 1 or comes from `t`.
 //
-// There is one kernel for each role, told by the tables of sg_phase_sum_3, and each case, told by
-// kernel_case_3, so that loops have no branches and leave out what a case says is zero. Nothing is
-// checked: `w`, `t` and `out` must have room for n reflections.
+// There is one kernel for each role (a table of sg_phase_sum_3) and each case (kernel_case_3), so
+// that loops have no branches and leave out what a case says is zero. Nothing is checked: `w`, `t`
+// and `out` must have room for n reflections.
 
 /// The kernels of one case, by role.
 struct phase_kernel_set_3 {

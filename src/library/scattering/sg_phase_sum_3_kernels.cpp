@@ -57,9 +57,11 @@ void sg_phase_sum_3::record_sums(int h, int k, int l, int r) {
     }
 }
 
+namespace {
+
 // The test takes in every column, the first one too.
-static kernel_case_3 case_of_group(const sum_list_3& records, const int_list_3& index, int n,
-                                   bool unpaired) {
+kernel_case_3 case_of_group(const sum_list_3& records, const int_list_3& index, int n,
+                            bool unpaired) {
     kernel_case_3 found = {unpaired, !is_uniform(index, n), false, false};
     for (int r = 0; r < (found.per_column ? n : 1); ++r) {
         if (index[r] < 0) continue;
@@ -69,6 +71,8 @@ static kernel_case_3 case_of_group(const sum_list_3& records, const int_list_3& 
     }
     return found;
 }
+
+}  // namespace
 
 void sg_phase_sum_3::select_kernels(int n) {
     sum_records.set_max_n(sum_records.n, true);
