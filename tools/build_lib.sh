@@ -43,7 +43,7 @@ quietly() {
     return "$status"
 }
 
-# need_compiler [WHAT:PACKAGE ...] - what every build takes, and what stands behind it.
+# need_compiler [WHAT:PACKAGE ...] - installs what every build needs, and these.
 need_compiler() {
     local build_tool=ninja:ninja-build
     if command -v make >/dev/null; then build_tool=make:make; fi

@@ -39,7 +39,7 @@ struct kind_of_atom {
     double c;
 };
 
-/// What the text file tells, line by line:
+/// The lines of the text file:
 ///
 ///     cell a b c alpha beta gamma
 ///     kind NAME a b c

@@ -1,8 +1,8 @@
 // magnetic_structure_factors GROUP ATOMS SYMBOL: |F| of magnetic reflections, the part of F that is
-// perpendicular to the scattering vector, for the moments of a text file (crystal.h tells its
-// form). GROUP is a BNS or OG number or symbol. The reflections are those of the .hkl file of
-// SYMBOL, in the folder sg: a space group with the rotations and the lattice of GROUP but without
-// screw axes and glide planes, which don't forbid magnetic reflections.
+// perpendicular to the scattering vector, for the moments of a text file (see crystal.h). GROUP is
+// a BNS or OG number or symbol. The reflections are those of the .hkl file of SYMBOL, in the folder
+// sg: a space group with the rotations and the lattice of GROUP but without screw axes and glide
+// planes, which don't forbid magnetic reflections.
 
 #include <cmath>
 #include <cstdio>

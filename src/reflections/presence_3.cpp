@@ -3,7 +3,6 @@
 #include <algorithm>
 #include <cmath>
 #include <cstdint>
-#include <numeric>
 
 namespace {
 
@@ -18,49 +17,22 @@ constexpr double zero_sum = 1e-11;
 // than the difference to this.
 constexpr double surely_present = 2e-4;
 
-int residue(int index, int period) {
-    const int r = index % period;
-    return r < 0 ? r + period : r;
-}
-
 }  // namespace
 
 void presence_3::set_up(const sg_phase_sum_3& sum, const phase_list_3& phases, int largest_index) {
     sum_ = &sum;
     phases_ = &phases;
-    std::int64_t n_residues = 1;
-    for (int i = 0; i < 3; ++i) {
-        int step = xyz_op_3::edge;
-        for (const xyz_op_3& op : *sum.ops) {
-            step = std::gcd(step, op.trans(i) % xyz_op_3::edge);
-        }
-        period_[i] = xyz_op_3::edge / step;
-        n_residues *= period_[i];
-    }
+    residues_.set_up(*sum.ops);
+    const std::int64_t n_residues = residues_.count();
     const std::int64_t n_factors = std::int64_t{sum.rows.n} * (2 * std::int64_t{largest_index} + 1);
     usable_ =
         n_residues * std::max(sum.groups.n, 1) <= most_residue_sums && n_factors <= most_factors;
     if (!usable_) return;
-    residues_.set_n(static_cast<int>(n_residues));
-    residues_.fill({not_found, false});
+    of_residues_.set_n(static_cast<int>(n_residues));
+    of_residues_.fill({not_found, false});
     largest_ = largest_index;
     factors_.clear();
     sums_.clear();
-}
-
-void presence_3::make_factors(int largest_index) {
-    list_0_3<double> angles;
-    angles.new_n_zero(sum_->rows.n);
-    for (int g = 0; g < sum_->groups.n; ++g) {
-        for (int i = 0; i < 3; ++i) angles[sum_->group_rows[g][i]] = (*phases_)[g].row[i];
-    }
-    factors_.set_n(sum_->rows.n * (2 * largest_index + 1));
-    factor* out = factors_.block();
-    for (double angle : angles) {
-        for (int m = -largest_index; m <= largest_index; ++m) {
-            *out++ = {std::cos(m * angle), std::sin(m * angle)};
-        }
-    }
 }
 
 void presence_3::begin_line(int h, int k) {
@@ -70,22 +42,21 @@ void presence_3::begin_line(int h, int k) {
 }
 
 void presence_3::make_line() {
-    if (factors_.n == 0) make_factors(largest_);
+    if (factors_.is_empty()) factors_.make(*sum_, *phases_, largest_);
     line_.set_n(sum_->groups.n);
     for (int g = 0; g < line_.n; ++g) {
         const triple_3& rows = sum_->group_rows[g];
-        const factor& a = factor_of(rows[0], h_);
-        const factor& b = factor_of(rows[1], k_);
-        line_[g] = {a.re * b.re - a.im * b.im, a.re * b.im + a.im * b.re};
+        const auto [s1, c1] = factors_.of(rows[0])[h_];
+        const auto [s2, c2] = factors_.of(rows[1])[k_];
+        line_[g] = {c1 * s2 + s1 * c2, c1 * c2 - s1 * s2};
     }
     line_made_ = true;
 }
 
 const presence_3::residue_sums& presence_3::sums_of(int h, int k, int l) {
-    const int r[3] = {residue(h, period_[0]), residue(k, period_[1]), residue(l, period_[2])};
-    residue_sums& found = residues_[(r[0] * period_[1] + r[1]) * period_[2] + r[2]];
+    residue_sums& found = of_residues_[residues_.place(h, k, l)];
     if (found.first != not_found) return found;
-    sum_->translation_sums(r[0], r[1], r[2], scratch_);
+    sum_->translation_sums(h, k, l, scratch_);
     found.first = sums_.n;
     found.vanishes = true;
     for (const translation_sum_3& s : scratch_) {
@@ -106,10 +77,10 @@ presence_3::verdict presence_3::test(int l) {
     double a = 0.0;
     double b = 0.0;
     for (int g = 0; g < line_.n; ++g) {
-        const factor& hk = line_[g];
-        const factor& third = factor_of(sum_->group_rows[g][2], l);
-        const double c = hk.re * third.re - hk.im * third.im;
-        const double s = hk.re * third.im + hk.im * third.re;
+        const auto [s12, c12] = line_[g];
+        const auto [s3, c3] = factors_.of(sum_->group_rows[g][2])[l];
+        const double c = c12 * c3 - s12 * s3;
+        const double s = c12 * s3 + s12 * c3;
         a += c * sums[g].a2 - s * sums[g].b2;
         b += s * sums[g].a1 + c * sums[g].b1;
     }

@@ -1,6 +1,7 @@
 #pragma once
 
-#include "reflections/sg_phase_sum_3.h"
+#include "reflections/index_residues_3.h"
+#include "reflections/row_factors_3.h"
 
 /// Decides quickly, where that is safe, whether a structure factor vanishes. The sums of a group
 /// repeat with the residues of the indices, and the phase factor of a reflection is a product of
@@ -20,21 +21,13 @@ public:
     verdict test(int l);
 
 private:
-    struct factor {
-        double re;
-        double im;
-    };
     struct residue_sums {
         int first;      ///< place of the group sums in `sums_`, not_found until they are needed
         bool vanishes;  ///< all of them are zero
     };
 
     const residue_sums& sums_of(int h, int k, int l);
-    void make_factors(int largest_index);
     void make_line();
-    const factor& factor_of(int row, int index) const {
-        return factors_[row * (2 * largest_ + 1) + largest_ + index];
-    }
 
     const sg_phase_sum_3* sum_ = nullptr;
     const phase_list_3* phases_ = nullptr;
@@ -43,10 +36,10 @@ private:
     int h_ = 0;
     int k_ = 0;
     bool line_made_ = false;
-    int period_[3] = {1, 1, 1};
-    list_0_3<residue_sums> residues_;
+    index_residues_3 residues_;
+    list_0_3<residue_sums> of_residues_;
     sum_list_3 sums_;
     sum_list_3 scratch_;
-    list_0_3<factor> factors_;
-    list_0_3<factor> line_;  ///< one number per group: the factors for h_ and k_, multiplied
+    row_factors_3 factors_;
+    list_0_3<sine_cosine_3> line_;  ///< for each group the product of the factors for h_ and k_
 };

@@ -35,7 +35,7 @@ constexpr char catalogue[] =
     "75 ttail { =pearly q0 - - qr r5r = r6 rtr=r7 r-3crs r-3crss } "
     "9 twice { paaa - - - - - pg } 2 n2 { 15:2 - 15 = 15:r - =fin }";
 
-// - and = as items and within names, the return to the first slot behind the sixth, a further name
+// - and = as items and within names, the return to the first slot after the sixth, a further name
 // without a main one, which keeps the main name that came last, and names on rhombohedral axes.
 TEST_F(Catalogue, Slots) {
     write_file("lomar5.txt", catalogue);

@@ -23,7 +23,7 @@ void check_record(const sg_catalogue_entry_3& record, const setting& row) {
     EXPECT_EQ(record.number, row.number);
     const std::string symbol = record.symbol.data;
     std::string point_group = row.point_group;
-    // The symbol tells whether the 2-fold axes lie along a or between the axes.
+    // The symbol says whether the 2-fold axes lie along a or between the axes.
     const bool along_a = std::any_of(row.group.begin(), row.group.end(), [](const op_array& op) {
         return op[0] == 1 && op[4] == 0 && op[5] == -1 && op[10] == -1;
     });

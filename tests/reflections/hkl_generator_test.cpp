@@ -60,7 +60,7 @@ TEST(HklGenerator, WorkedLists) {
         EXPECT_EQ(rows_of(sg_text_of(row.ops), {3, 3, 3})[row.index], row.multiplicity)
             << row.ops << testing::PrintToString(row.index);
     }
-    // The greatest member of an orbit stands for it, also beyond the limits.
+    // The greatest member of an orbit represents it, even beyond the limits.
     const std::map<hkl, int> m3m = {
         {{1, 0, 0}, 6}, {{1, 1, 0}, 12}, {{2, 0, 0}, 6}, {{2, 1, 0}, 24}};
     EXPECT_EQ(rows_of(sg_text_of(operators_of("P m -3 m")), {1, 2, 0}), m3m);

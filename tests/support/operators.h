@@ -14,7 +14,7 @@
 
 // Operators as plain arrays, read by code of their own, to hold against those of the program.
 
-/// The rows of R, each with its number of t behind it, which is 0 to 359.
+/// The rows of R, each followed by its number of t, which is 0 to 359.
 using op_array = std::array<int, 12>;
 
 inline op_array array_of(const xyz_op_3& op) {
@@ -89,7 +89,7 @@ inline double turns_of(const op_array& op, const double* x, const int* hkl) {
     return turns;
 }
 
-/// The operators of a text such as `x,y,z;-x,-y,-z`, as they stand.
+/// The operators of a text such as `x,y,z;-x,-y,-z`, in this order.
 inline xyz_list_3 xyz_list_of(std::string_view text) {
     xyz_list_3 ops;
     for (const std::string& op : split(text, ';')) ops.add(xyz_op_of(op));

@@ -19,7 +19,7 @@ sg_decoder_3 decode(const std::string& symbol, const char* axes = "abc") {
 
 TEST(SgDecoder, WorkedExamples) {
     const struct {
-        const char *symbol, *axes, *axis_change, *ops;  // the operators as they stand
+        const char *symbol, *axes, *axis_change, *ops;  // the operators in this order
     } rows[] = {
         {"pmci1a000p2b066", "abc", "x,y,z", "-x,-y,-z;-x,y+1/2,-z+1/2;x,-y+1/2,z+1/2;x,y,z"},
         {"pmci1a000p2b066", "cab", "z,x,y", "-x,-y,-z;-x+1/2,-y,z+1/2;x,y,z;x+1/2,y,-z+1/2"},

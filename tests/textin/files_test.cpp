@@ -148,7 +148,7 @@ TEST(BlankComments, Blanks) {
         {"/* /* */", unclosed}};
     for (const auto& [text, expected] : rows) {
         const auto size = static_cast<std::ptrdiff_t>(std::strlen(text));
-        for (std::ptrdiff_t n = 0; n <= size; ++n) {  // no cut lets it touch what stands behind
+        for (std::ptrdiff_t n = 0; n <= size; ++n) {  // whatever the cut, it touches nothing beyond
             std::vector<char> copy(text, text + n);
             copy.push_back(0);
             const auto message = message_of([&] { blank_comments(copy.data()); });

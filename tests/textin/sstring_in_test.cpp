@@ -31,7 +31,7 @@ struct operation {
     struct example {
         const char* text;
         std::string result;  // or the message that it fails with
-        int pos;             // where the stream then stands
+        int pos;             // where the stream is then
     };
     std::vector<example> examples;
 };
@@ -83,7 +83,7 @@ const operation operations[] = {
     {OPERATION(arguments_in(in).c_str()), {{"(a, ", " Missing )", 4}, {"(a(b)", bad_list, 5}}}};
 
 // Runs a check on both kinds of stream over a text. Each copy fills a heap block of exactly its
-// size, without a NUL for the vstring_in, so that a sanitizer sees every read behind it.
+// size, without a NUL for the vstring_in, so that a sanitizer sees every read beyond it.
 template <typename Check>
 void on_both(const std::string& text, Check check) {
     const std::vector<char> with_nul(text.c_str(), text.c_str() + text.size() + 1);

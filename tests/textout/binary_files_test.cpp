@@ -113,7 +113,7 @@ void copy(file_in_bin& in, file_out_bin& file) {
     file.write_bytes(bytes);
 }
 
-// A file that ends early reads as what is there, and nothing or zero bytes behind that. Only the
+// A file that ends early reads as what is there, and nothing or zero bytes after that. Only the
 // list of texts has no more than the texts that are there.
 TEST_F(BinaryFiles, RoundTripOfAFileCutAtEachByte) {
     const std::string bytes = lists + texts + values;

@@ -5,7 +5,7 @@ from itertools import combinations, product
 
 from catalogue import model
 
-# Plainest first; the generators of a tail stand in this order.
+# Plainest first; the generators of a tail are in this order.
 KEY_ORDER = ("1a", "3q", "6c", "4c", "3c", "2c", "2a", "2f", "2b", "2d", "2g", "2e")
 SYSTEM_END = ((2, "a"), (15, "m"), (74, "o"), (142, "t"), (167, "r"), (194, "h"), (230, "c"))
 INVERSION = tuple(-e for e in model.UNIT)

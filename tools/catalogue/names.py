@@ -11,7 +11,7 @@ from catalogue.settings import SLOTS_MONOCLINIC, SLOTS_ORTHORHOMBIC
 DOUBLE_GLIDE = (39, 41, 64, 67, 68)
 GLIDES_ACROSS = {"a": "bc", "b": "ac", "c": "ab"}
 
-# What stands behind the number of a choice. The key form of :h is its bare colon.
+# What follows the number of a choice. The key form of :h is its bare colon.
 NUMBER_MARKS = {"": [], "1": ["s"], "2": [":2", "z"], "R": [":r", "r"], "H": [":"]}
 
 # Ranks of claim, the best first.
@@ -145,7 +145,7 @@ def names_by_row(rows):
         for rank, symbol in symbols_of(row):
             main, *others = marked(row, symbol)
             claims += [(rank, row, main)] + [(rank or OWN, row, name) for name in others]
-    # Of the main rank, the symbol stands in front of the number.
+    # Of the main rank, the symbol comes before the number.
     claims.sort(key=lambda claim: (claim[0], claim[1].index, claim[2][0].isdigit()))
     owner, names = {}, {row: [] for row in rows if not row.twin}
     for _, row, name in claims:

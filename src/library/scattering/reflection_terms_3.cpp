@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <cmath>
-#include <numeric>
 
 #include "library/scattering/double_pair.h"
 
@@ -14,26 +13,6 @@ constexpr std::int64_t most_known_residues = 1 << 17;
 // Up to so many factors are made even if they outnumber the phases; more are never made.
 constexpr std::int64_t least_phase_factors = 1 << 12;
 constexpr std::int64_t most_phase_factors = 1 << 22;
-
-// The sums repeat with the residues of the indices: the periods follow from the translations.
-void find_periods(const xyz_list_3& ops, int period[3]) {
-    for (int i = 0; i < 3; ++i) {
-        int step = xyz_op_3::edge;
-        for (const xyz_op_3& op : ops) step = std::gcd(step, normalised_translation(op.trans(i)));
-        period[i] = xyz_op_3::edge / step;
-    }
-}
-
-int residue_in(int index, int period) {
-    const int r = index % period;
-    return r < 0 ? r + period : r;
-}
-
-int place_of_residues(const int hkl[3], const int period[3]) {
-    const int h = residue_in(hkl[0], period[0]);
-    const int k = residue_in(hkl[1], period[1]);
-    return (h * period[1] + k) * period[2] + residue_in(hkl[2], period[2]);
-}
 
 // (s, c) of the sum of two angles, from those of each.
 double_pair_3 joined(double_pair_3 x, const sine_cosine_3& y) {
@@ -76,24 +55,23 @@ void reflection_terms_3::find_runs(const hkl_list& hkls) {
 
 void reflection_terms_3::record_all_sums() {
     sum.start_sums(n());
-    int period[3];
-    find_periods(*sum.ops, period);
-    const std::int64_t n_residues = std::int64_t{period[0]} * period[1] * period[2];
+    index_residues_3 residues;
+    residues.set_up(*sum.ops);
     int_list_3 known;
-    if (n_residues <= most_known_residues) {
-        known.set_n(static_cast<int>(n_residues));
+    if (residues.count() <= most_known_residues) {
+        known.set_n(static_cast<int>(residues.count()));
         known.fill(not_found);
     }
     int r = 0;
     for (const run& each : runs_) {
         for (; r < each.end; ++r) {
-            const int hkl[3] = {each.h, each.k, l_[r]};
-            int* const before = known.n == 0 ? nullptr : &known[place_of_residues(hkl, period)];
+            int* const before =
+                known.n == 0 ? nullptr : &known[residues.place(each.h, each.k, l_[r])];
             if (before != nullptr && *before != not_found) {
                 for (int_list_3& index : sum.sum_index) index[r] = index[*before];
                 continue;
             }
-            sum.record_sums(hkl[0], hkl[1], hkl[2], r);
+            sum.record_sums(each.h, each.k, l_[r], r);
             if (before != nullptr) *before = r;
         }
     }
@@ -101,26 +79,7 @@ void reflection_terms_3::record_all_sums() {
 
 void reflection_terms_3::take_position(const double position[3]) {
     sum.position_phases(position, phases_);
-    if (by_factors_) make_factors();
-}
-
-void reflection_terms_3::make_factors() {
-    list_0_3<double> angles;
-    angles.new_n_zero(sum.rows.n);
-    for (int g = 0; g < sum.groups.n; ++g) {
-        for (int i = 0; i < 3; ++i) angles[sum.group_rows[g][i]] = phases_[g].row[i];
-    }
-    const int largest = static_cast<int>(largest_);
-    factors_.set_n(sum.rows.n * (2 * largest + 1));
-    for (int row = 0; row < angles.n; ++row) {
-        sine_cosine_3* const zero = &factors_[row * (2 * largest + 1) + largest];
-        for (int m = 0; m <= largest; ++m) {
-            const double s = std::sin(m * angles[row]);
-            const double c = std::cos(m * angles[row]);
-            zero[m] = {s, c};
-            zero[-m] = {-s, c};
-        }
-    }
+    if (by_factors_) factors_.make(sum, phases_, static_cast<int>(largest_));
 }
 
 void reflection_terms_3::fill_row(int group) {
@@ -133,9 +92,9 @@ void reflection_terms_3::fill_row(int group) {
 
 void reflection_terms_3::fill_by_factors(int group) {
     const triple_3& rows = sum.group_rows[group];
-    const sine_cosine_3* const of_h = factors_of(rows[0]);
-    const sine_cosine_3* const of_k = factors_of(rows[1]);
-    const sine_cosine_3* const of_l = factors_of(rows[2]);
+    const sine_cosine_3* const of_h = factors_.of(rows[0]);
+    const sine_cosine_3* const of_k = factors_.of(rows[1]);
+    const sine_cosine_3* const of_l = factors_.of(rows[2]);
     const int* const l = l_.p;
     double* const to = w.p;
     int r = 0;

@@ -1,6 +1,7 @@
 #pragma once
 
-#include "reflections/sg_phase_sum_3.h"
+#include "reflections/index_residues_3.h"
+#include "reflections/row_factors_3.h"
 
 /// A list of reflections made ready for structure factors: the translation sums and kernels of
 /// every group of operators, and for one atom at a time the phases that the kernels start from.
@@ -42,18 +43,14 @@ private:
 
     void record_all_sums();
     void find_runs(const hkl_list& hkls);
-    void make_factors();
     void fill_by_factors(int group);
     void fill_by_angles(int group);
-    const sine_cosine_3* factors_of(int row) const {
-        return factors_.p + (row * (2 * largest_ + 1) + largest_);
-    }
 
     int_list_3 l_;
     list_0_3<run> runs_;
     std::int64_t largest_ = 0;  ///< no index is beyond this or below its negative
     bool by_factors_ = false;
     phase_list_3 phases_;
-    list_0_3<sine_cosine_3> factors_;  ///< for each rotation row those of -largest_ to largest_
-    list_0_3<sine_cosine_3> pairs_;    ///< what w points to
+    row_factors_3 factors_;
+    list_0_3<sine_cosine_3> pairs_;  ///< what w points to
 };

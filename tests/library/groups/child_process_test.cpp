@@ -56,10 +56,10 @@ TEST_F(Child, TellsByTheErrorFile) {
         int succeeded;
     } rows[] = {{"\"good\" a \"b c\"", 1},
                 {prefix + "bad", 0},
-                // Without an error file nothing tells that there is no such program.
+                // Without an error file nothing shows that there is no such program.
                 {"\"nowhere/none\" 2>nowhere", 1}};
     for (const auto& row : rows) {
-        make_error_file();  // what was left behind tells nothing
+        make_error_file();  // an old one means nothing
         {
             args_err_3 command;
             static_cast<string_out&>(command) << row.command.c_str();

@@ -15,7 +15,7 @@ struct GroupNumbers : testing::Test {
     scratch_dir dir;
 };
 
-// The names of the setting that a number alone stands for lead to that number, unless they name
+// The names of the setting that a number alone means lead to that number, unless they name
 // an origin. The other settings have names of their own, or share those.
 TEST_F(GroupNumbers, OfAllNames) {
     write_file("lomar5.txt", read_file(DATA_DIR "/lomar5.txt"));

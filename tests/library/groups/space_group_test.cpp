@@ -10,7 +10,7 @@
 
 namespace {
 
-// The bytes of a data file in memory that ends right behind them.
+// The bytes of a data file in memory that ends right after them.
 data_text_3 text_of(const char* name) {
     const std::string bytes = read_file(std::string(DATA_DIR "/") + name);
     const std::vector<char> exact(bytes.begin(), bytes.end());

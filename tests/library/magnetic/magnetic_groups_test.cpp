@@ -199,7 +199,7 @@ TEST(WriteMomentOp, Texts) {
         {"x,-y,z+1/2", 1, ' ', "op ", true, "op -mx, my, -mz "},
         {"x,-y,z", -1, '|', "m=", true, "m=|mx, -my, mz |"},
         {"-x+y,y,z", -1, ' ', "", false, "-mx+my,my,mz"},
-        // A minus stands for -1 alone, not for -2; 0 leaves nothing.
+        // A minus means -1 alone, not -2; 0 leaves nothing.
         {"x,-y,z", 2, ' ', nullptr, false, "mx,my,mz"},
         {"x,y,z", 0, '(', nullptr, false, "(,,("},
     };

@@ -28,7 +28,7 @@ TEST(MaskTable, Entries) {
     EXPECT_EQ(mask_of({{0, 0, 1, 1, 0, 0}}).entry, mask_entry(18));
 }
 
-// Rows that lie 7 numbers apart, and one number behind the last.
+// Rows that lie 7 numbers apart, and one number after the last.
 numbers some_rows(int n) {
     numbers rows(static_cast<std::size_t>(7 * n + 1));
     for (std::size_t i = 0; i < rows.size(); ++i) rows[i] = 100.0 + static_cast<double>(i);

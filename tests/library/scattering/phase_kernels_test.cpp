@@ -106,7 +106,7 @@ TEST(PhaseKernels, FollowTheGeneralForm) {
     EXPECT_EQ(kernel_case_number_3({true, true, false, false}), 11) << "nothing but zeros";
 }
 
-// The case that was chosen for a group, told by the kernels in its tables.
+// The case that was chosen for a group, recognised by the kernels in its tables.
 int case_in(const sg_phase_sum_3& sum, int g) {
     for (int number = 1; number <= 12; ++number) {
         const phase_kernel_set_3& set = phase_kernels_3(number);
