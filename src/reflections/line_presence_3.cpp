@@ -7,12 +7,12 @@
 
 namespace {
 
-constexpr double two_pi = 6.28318530717958;
+constexpr double whole_turn = 6.28318530717958;
 constexpr int most_residues = 256;  // of k and l; tables beyond that would cost more than they save
 
 // One member of an orbit may have a real and an imaginary part that are both smaller than |F| by
 // the root of 2. This is the limit of the evaluation, 1e-4, times more than that.
-constexpr double surely_present = 2e-4;
+constexpr double line_present_limit = 2e-4;
 
 // The number c: far from any phase that a translation can give.
 constexpr phase_factor_3 tilt = {0.5403023058681398, -0.8414709848078965};
@@ -99,7 +99,7 @@ void line_presence_3::add_pair(const laue_element_3& one, const laue_element_3& 
 void line_presence_3::make_factors(const double position[3], const int reach[3]) {
     for (column& c : columns_) {
         double angle = 0.0;
-        for (int i = 0; i < 3; ++i) angle += two_pi * c.v[i] * position[i];
+        for (int i = 0; i < 3; ++i) angle += whole_turn * c.v[i] * position[i];
         for (int i = 0; i < 3; ++i) c.factors[i].set_up(angle, reach[i]);
     }
     const int block = columns_[sum_columns_[0]].factors[2].block();
@@ -177,7 +177,7 @@ int line_presence_3::scan(const phase_factor_3* sums, int l, int last) const {
     for (; l <= last; l += step, turn += step * n) {
         double part = 0.0;
         for (int s = 0; s < n; ++s) part += sum[s].re * turn[s].re - sum[s].im * turn[s].im;
-        if (!(std::abs(part) > surely_present)) return l;
+        if (!(std::abs(part) > line_present_limit)) return l;
         sum += n;
         if (sum == end) sum = sums;
     }

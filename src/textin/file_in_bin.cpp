@@ -59,7 +59,7 @@ void file_in_bin::check_size(std::int64_t size) {
     if (std::fseek(file, 0, SEEK_END) != 0) return;
     const std::int64_t end = std::ftell(file);
     std::fsetpos(file, &place);
-    if (begin >= 0 && end >= 0 && size - most_missing > end - begin + pushed_back.n) refuse_list();
+    if (begin >= 0 && end >= 0 && size - most_missing > end - begin + pushed_back_.n) refuse_list();
 }
 
 void file_in_bin::refuse_list() const {

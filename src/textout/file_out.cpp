@@ -38,7 +38,7 @@ void file_out::finish() {
 }
 
 void file_out::write_out(const char* text, int length) {
-    if (file == nullptr || incomplete || length < 1) return;
+    if (file == nullptr || incomplete_ || length < 1) return;
     const auto size = static_cast<std::size_t>(length);
     if (std::fwrite(text, 1, size, file) != size) incomplete_ = true;
 }

@@ -34,7 +34,7 @@ public:
     /// written to it.
     void finish();
     /// Whether the system couldn't write something up to now.
-    bool is_incomplete() const { return incomplete; }
+    bool is_incomplete() const { return incomplete_; }
     /// Writes out what is held and flushes the handle.
     void flush() override;
 

@@ -18,9 +18,9 @@ sg_file_names_3 names_of(const char* symbol) {
 space_group_3 make_group(const sg_catalogue_entry_3& entry, const rotation_catalogue_3& rotations) {
     space_group_3 group;
     group.entry = entry;
-    point_group_table_3 point_groups;
-    point_groups.lookup(entry.symbol);
-    group.entry.point_group = point_groups.normalised();
+    point_group_table_3 table;
+    table.lookup(entry.symbol);
+    group.entry.point_group = table.normalised();
     sg_decoder_3 decoder;
     decoder.set_computer_symbol(entry.computer_symbol);
     decoder.decode(entry.axes, rotations);
