@@ -40,7 +40,7 @@ void catalogue_scan_3::read_record() {
 
 bool catalogue_scan_3::next_in_record() {
     for (;;) {
-        const char c = body_.peek_non_white();
+        const unsigned char c = body_.peek_non_white();
         if (c == 0) return false;
         if (c == '-') {
             body_.advance();

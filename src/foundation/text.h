@@ -31,6 +31,7 @@ public:
 
     constexpr void insert(char c) { bits_[byte_of(c)] |= mask_of(c); }
     constexpr bool contains(char c) const { return (bits_[byte_of(c)] & mask_of(c)) != 0; }
+    constexpr bool contains(unsigned char c) const { return contains(static_cast<char>(c)); }
 
 private:
     static constexpr unsigned byte_of(char c) { return static_cast<unsigned char>(c) >> 3; }

@@ -23,7 +23,7 @@ struct term_start {
 
 // Passes the sign of a term and its first character.
 term_start read_term_start(vstring_in& row) {
-    const char c = row.get_non_white();
+    const char c = static_cast<char>(row.get_non_white());
     if (c != '+' && c != '-') return {1, c};
     return {c == '-' ? -1 : 1, static_cast<char>(row.get_non_white())};
 }

@@ -28,7 +28,7 @@ bool is_digit(char c) { return c >= '0' && c <= '9'; }
 // A fraction whose numerator was passed, in 1/360.
 int read_fraction(vstring_in& field, char numerator, int sign) {
     if (field.get() != '/') fail_with(malformed_xyzs_3);
-    const char denominator = field.get();
+    const char denominator = static_cast<char>(field.get());
     if (!is_digit(denominator) || denominator == '0') fail_with(malformed_xyzs_3);
     return (numerator - '0') * sign * xyz_op_3::edge / (denominator - '0');
 }
@@ -40,7 +40,7 @@ void read_row(vstring_in field, int* row) {
             sign = field.get() == '-' ? -1 : 1;
             field.skip_white();
         }
-        const char c = field.get();
+        const char c = static_cast<char>(field.get());
         const int column = text_index(c, "xyz");
         if (column != not_found) {
             row[column] = sign;

@@ -7,7 +7,7 @@ namespace {
 // Stops on what follows the argument: a comma, or the closing parenthesis.
 void pass_argument(sstring_in& in) {
     for (;;) {
-        const char c = in.peek();
+        const unsigned char c = in.peek();
         if (c == 0) fail_with("Error in arguements");
         if (c == ',' || c == ')') return;
         in.advance();

@@ -7,7 +7,7 @@ namespace {
 
 constexpr int n_space_groups = 230;
 
-bool starts_number(char c) { return c >= '0' && c <= '9'; }
+bool starts_number(unsigned char c) { return c >= '0' && c <= '9'; }
 
 void append_name(char_range_3 name, string_out& names) {
     for (const char* p = name.begin; p != name.end; ++p) {
@@ -23,7 +23,7 @@ string_3 names_of_record(char_range_3 body) {
     string_out names;
     bool joined = false;
     bool last_slot = false;
-    for (char c = in.peek_non_white(); c != 0; c = in.peek_non_white()) {
+    for (unsigned char c = in.peek_non_white(); c != 0; c = in.peek_non_white()) {
         const bool starts_slot = c == '-' || (c != '=' && !joined);
         if (starts_slot) {
             if (last_slot) break;

@@ -26,7 +26,7 @@ name_record read_name_record(sstring_in& in) {
     record.type = in.read_int();
     record.family = in.read_int();
     record.parent = in.read_int();
-    record.lattice = in.get_non_white();
+    record.lattice = static_cast<char>(in.get_non_white());
     in.skip_line();
     const bool is_complete =
         record.type >= 1 && record.type <= 4 && text_index(record.lattice, "PABCIFR") != not_found;
