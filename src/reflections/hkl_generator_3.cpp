@@ -3,11 +3,7 @@
 #include <algorithm>
 #include <cmath>
 #include <cstdlib>
-#include <new>
 
-#include "foundation/except_3.h"
-#include "foundation/heap_3.h"
-#include "reflections/hkl_enumeration.h"
 #include "textin/file_in.h"
 
 namespace {
@@ -57,8 +53,7 @@ void hkl_generator_3::prepare_tests(const xyz_list_3& ops) {
 
 void hkl_generator_3::prepare_grid(const triple_3& limits) {
     size_grid(limits);
-    find_steps(limits);
-    mark(cell_of(0, 0, 0));
+    find_inside(limits);
     const int largest = std::max({limits[0], limits[1], limits[2], 0});
     presence_.set_up(sum, position_phases[0], largest);
 }
@@ -76,63 +71,35 @@ void hkl_generator_3::find_free_axes(const xyz_list_3& ops) {
     }
 }
 
+// The grid holds what the limits themselves lead to. 0, 0, 0 isn't listed: it is marked at once.
 void hkl_generator_3::size_grid(const triple_3& limits) {
-    constexpr std::int64_t largest_index = 1 << 30;
-    constexpr std::int64_t most_words = heap_3::largest_request / sizeof(std::uint64_t);
-    std::int64_t lengths[3];
-    seen_.clear();  // no grid, should this fail
+    std::int64_t half_width[3] = {0, 0, 0};
     for (int row = 0; row < 3; ++row) {
-        half_width_[row] = 0;
         for (const xyz_list_3& list : classes) {
             for (const xyz_op_3& op : list) {
                 const std::int64_t reach = dot(op, row, limits[0], limits[1], limits[2]);
-                half_width_[row] = std::max(half_width_[row], std::abs(reach));
+                half_width[row] = std::max(half_width[row], std::abs(reach));
             }
         }
-        if (half_width_[row] > largest_index) fail_with("Index limits too large");
-        lengths[row] = 2 * half_width_[row] + 1;
     }
-    const double cells = static_cast<double>(lengths[0]) * static_cast<double>(lengths[1]) *
-                         static_cast<double>(lengths[2]);
-    if (cells > 64.0 * most_words) fail_with("Index limits too large");
-    stride_k_ = lengths[2];
-    stride_h_ = lengths[1] * lengths[2];
-    origin_ = half_width_[0] * stride_h_ + half_width_[1] * stride_k_ + half_width_[2];
-    try {
-        seen_.new_n_zero(static_cast<int>((lengths[0] * stride_h_ + 63) / 64));
-    } catch (const std::bad_alloc&) {
-        fail_with("Index limits too large");
-    }
+    grid_.set_up(half_width);
+    grid_.mark(grid_.origin());
 }
 
-void hkl_generator_3::find_steps(const triple_3& limits) {
-    steps_.new_n(classes.n);
+void hkl_generator_3::find_inside(const triple_3& limits) {
     inside_.set_n(classes.n);
     inside_.fill(1);
     for (int i = 0; i < classes.n; ++i) {
         for (const xyz_op_3& op : classes[i]) {
-            cell_step& step = steps_[i].add();
-            step = {
-                dot(op, 0, 1, 0, 0) * stride_h_ + dot(op, 1, 1, 0, 0) * stride_k_ + op.rot(2, 0),
-                dot(op, 0, 0, 1, 0) * stride_h_ + dot(op, 1, 0, 1, 0) * stride_k_ + op.rot(2, 1),
-                dot(op, 0, 0, 0, 1) * stride_h_ + dot(op, 1, 0, 0, 1) * stride_k_ + op.rot(2, 2)};
             for (int row = 0; row < 3; ++row) {
                 std::int64_t reach = 0;
                 for (int j = 0; j < 3; ++j) {
                     reach += std::abs(std::int64_t{op.rot(row, j)} * limits[j]);
                 }
-                if (reach > half_width_[row]) inside_[i] = 0;
+                if (!grid_.contains(reach, row)) inside_[i] = 0;
             }
         }
     }
-}
-
-bool hkl_generator_3::mark(std::int64_t cell) {
-    std::uint64_t& word = seen_[static_cast<int>(cell >> 6)];
-    const std::uint64_t bit = std::uint64_t{1} << (cell & 63);
-    const bool fresh = (word & bit) == 0;
-    word |= bit;
-    return fresh;
 }
 
 // Room for about as many rows as will come: a list that grows leaves its old blocks behind.
@@ -153,7 +120,7 @@ void hkl_generator_3::make_room(const triple_3& limits, row_list_3& rows) const 
 void hkl_generator_3::list_present(const lattice_type_3& lattice, const triple_3& limits,
                                    row_list_3& rows) {
     make_room(limits, rows);
-    enumerate(allowed_residues(lattice), limits, [&](int h, int k, int l) {
+    enumerate(residue_filter_3(lattice), limits, [&](int h, int k, int l) {
         const class_line& line = line_of(h, k, l);
         const orbit found = mark_line(line, h, k, l);
         if (found.count == 0 || !counts_as_present(h, k, l)) return;
@@ -161,32 +128,20 @@ void hkl_generator_3::list_present(const lattice_type_3& lattice, const triple_3
     });
 }
 
-constexpr hkl_generator_3::residue_patterns hkl_generator_3::patterns_ = [] {
-    residue_patterns patterns{};
-    for (unsigned allowed = 0; allowed < patterns.size(); ++allowed) {
-        for (unsigned start = 0; start < period; ++start) {
-            for (unsigned j = 0; j < 64; ++j) {
-                const std::uint64_t bit = (allowed >> ((start + j) % period)) & 1;
-                patterns[allowed][start] |= bit << j;
-            }
-        }
+// Limits beyond the grid, which only an incomplete class list leads to, are cut to it.
+triple_3 hkl_generator_3::limits_in_grid(const triple_3& limits) const {
+    triple_3 within;
+    for (int i = 0; i < 3; ++i) {
+        const std::int64_t most = std::min<std::int64_t>(limits[i], grid_.half_width(i));
+        within[i] = std::max(-1, static_cast<int>(most));
     }
-    return patterns;
-}();
+    return within;
+}
 
-hkl_generator_3::residue_sets hkl_generator_3::allowed_residues(const lattice_type_3& lattice) {
-    residue_sets sets{};
-    for (int h = 0; h < period; ++h) {
-        for (int k = 0; k < period; ++k) {
-            if (!lattice.hk_allowed(h, k)) continue;
-            unsigned set = 0;
-            for (int l = 0; l < period; ++l) {
-                if (lattice.hkl_allowed(h, k, l)) set |= 1u << l;
-            }
-            sets[static_cast<unsigned>(h * period + k)] = static_cast<std::uint8_t>(set);
-        }
-    }
-    return sets;
+void hkl_generator_3::begin_line(int h, int k) {
+    general_line_.ops = nullptr;
+    zero_line_.ops = nullptr;
+    presence_.begin_line(h, k);
 }
 
 const hkl_generator_3::class_line& hkl_generator_3::line_of(int h, int k, int l) {
@@ -197,15 +152,15 @@ const hkl_generator_3::class_line& hkl_generator_3::line_of(int h, int k, int l)
     line.inside = inside_[class_index] != 0;
     line.images.set_n(line.ops->n / 2);
     for (int i = 0; i < line.images.n; ++i) {
-        const cell_step& step = steps_[class_index][i];
         const xyz_op_3& op = (*line.ops)[i];
         line_image& image = line.images[i];
-        image.cell = line.inside ? h * step.h + k * step.k + origin_ : 0;
-        image.cell_step = step.l;
         for (int row = 0; row < 3; ++row) {
             image.start[row] = static_cast<int>(dot(op, row, h, k, 0));
             image.step[row] = op.rot(row, 2);
         }
+        if (!line.inside) continue;
+        image.cell = grid_.cell(image.start[0], image.start[1], image.start[2]);
+        image.cell_step = grid_.step(image.step[0], image.step[1], image.step[2]);
     }
     return line;
 }
@@ -215,12 +170,8 @@ const hkl_generator_3::class_line& hkl_generator_3::line_of(int h, int k, int l)
 hkl_generator_3::orbit hkl_generator_3::mark_inside(const class_line& line, int l) {
     orbit result = {0, 0};
     std::int64_t greatest = -1;
-    std::uint64_t* const seen = seen_.block();
     const auto visit = [&](std::int64_t cell, int op) {
-        std::uint64_t& word = seen[cell >> 6];
-        const std::uint64_t bit = std::uint64_t{1} << (cell & 63);
-        if ((word & bit) != 0) return;
-        word |= bit;
+        if (!grid_.mark(cell)) return;
         ++result.count;
         if (cell > greatest) {
             greatest = cell;
@@ -232,7 +183,7 @@ hkl_generator_3::orbit hkl_generator_3::mark_inside(const class_line& line, int 
     for (int i = 0; i < half; ++i) {
         const std::int64_t cell = images[i].cell + l * images[i].cell_step;
         visit(cell, i);
-        visit(2 * origin_ - cell, i + half);
+        visit(grid_.mate(cell), i + half);
     }
     return result;
 }
@@ -241,9 +192,9 @@ std::int64_t hkl_generator_3::image_cell(const xyz_op_3& op, int h, int k, int l
     std::int64_t index[3];
     for (int row = 0; row < 3; ++row) {
         index[row] = dot(op, row, h, k, l);
-        if (std::abs(index[row]) > half_width_[row]) return -1;
+        if (!grid_.contains(index[row], row)) return -1;
     }
-    return cell_of(index[0], index[1], index[2]);
+    return grid_.cell(index[0], index[1], index[2]);
 }
 
 hkl_generator_3::orbit hkl_generator_3::mark_checked(const class_line& line, int h, int k, int l) {
@@ -251,7 +202,7 @@ hkl_generator_3::orbit hkl_generator_3::mark_checked(const class_line& line, int
     std::int64_t greatest = -1;
     for (int i = 0; i < line.ops->n; ++i) {
         const std::int64_t cell = image_cell((*line.ops)[i], h, k, l);
-        if (cell < 0 || !mark(cell)) continue;
+        if (cell < 0 || !grid_.mark(cell)) continue;
         ++result.count;
         if (cell > greatest) {
             greatest = cell;

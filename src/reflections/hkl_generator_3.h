@@ -1,9 +1,9 @@
 #pragma once
 
-#include <array>
 #include <cstdint>
 
 #include "reflections/hkl_classes.h"
+#include "reflections/index_grid_3.h"
 #include "reflections/lattice_type_3.h"
 #include "reflections/presence_3.h"
 #include "reflections/sg_phase_sum_3.h"
@@ -38,7 +38,7 @@ public:
     /// with an axis that no operator moves or shifts all general reflections count as present.
     void generate_with_status(const class_lists_3& class_lists, const xyz_list_3& ops,
                               const triple_3& limits, row_list_3& rows, int_list_3& status);
-    /// Marks the equivalents of a reflection in the grid that the call before left behind.
+    /// Marks the equivalents of a reflection in the grid that the call before left.
     void mark_orbit(int h, int k, int l);
     /// Whether a reflection is marked; what lies outside the grid isn't, and 0, 0, 0 is
     /// as soon as there is a grid.
@@ -63,12 +63,6 @@ public:
     int axis_free_count = 0;
 
 private:
-    // How an operator of a class moves the cell number: by a part for each index.
-    struct cell_step {
-        std::int64_t h;
-        std::int64_t k;
-        std::int64_t l;
-    };
     // The image under one operator of the reflections along a line of l: start + l * step.
     struct line_image {
         std::int64_t cell;
@@ -87,13 +81,6 @@ private:
         int best;   ///< the operator that leads to the greatest of them
     };
 
-    // The conditions of the lattices on one index repeat with 2 or 3.
-    static constexpr int period = 6;
-    // For the residues of h and k, the set of the residues of l that are looked at.
-    using residue_sets = std::array<std::uint8_t, period * period>;
-    // For each set of residues of l, and each residue to start at: the members among 64 successive
-    // values of l.
-    using residue_patterns = std::array<std::array<std::uint64_t, period>, 1 << period>;
     static constexpr int with_mates = 3;
 
     void load_classes(const char* sg_path, int new_mode);
@@ -107,18 +94,27 @@ private:
     void prepare_grid(const triple_3& limits);
     void find_free_axes(const xyz_list_3& ops);
     void size_grid(const triple_3& limits);
-    void find_steps(const triple_3& limits);
+    void find_inside(const triple_3& limits);
     int expected_rows(const triple_3& limits) const;
     void make_room(const triple_3& limits, row_list_3& rows) const;
     void list_present(const lattice_type_3& lattice, const triple_3& limits, row_list_3& rows);
-    static residue_sets allowed_residues(const lattice_type_3& lattice);
-    static residue_sets all_residues();
-    static int residue_of(int index) { return (index % period + period) % period; }
-    // reflections/hkl_enumeration.h
+    void begin_line(int h, int k);
+    // Goes through the reflections within the limits, but for those with h below 0, whose mates
+    // have it above: all l of an h and a k before the next k, upward. Calls take(h, k, l) for those
+    // that aren't marked by then and whose residues are allowed.
     template <typename Take>
-    void enumerate(const residue_sets& allowed, const triple_3& limits, Take take);
-    template <typename Take>
-    void scan_line(int h, int k, int l_limit, unsigned allowed, Take take);
+    void enumerate(const residue_filter_3& allowed, const triple_3& limits, Take take) {
+        const triple_3 within = limits_in_grid(limits);
+        for (int h = 0; h <= within[0]; ++h) {
+            for (int k = -within[1]; k <= within[1]; ++k) {
+                const residue_filter_3::words* const line = allowed.line(h, k);
+                if (line == nullptr || within[2] < 0) continue;
+                begin_line(h, k);
+                grid_.scan_line(h, k, within[2], *line, [&](int l) { take(h, k, l); });
+            }
+        }
+    }
+    triple_3 limits_in_grid(const triple_3& limits) const;
     const class_line& line_of(int h, int k, int l);
     orbit mark_line(const class_line& line, int h, int k, int l) {
         return line.inside ? mark_inside(line, l) : mark_checked(line, h, k, l);
@@ -135,24 +131,12 @@ private:
         return value > absence_limit || (at_limit && value == absence_limit);
     }
     hkl_row_3 row_of(const class_line& line, const orbit& found, int l) const;
-    bool mark(std::int64_t cell);
-
-    std::int64_t cell_of(std::int64_t h, std::int64_t k, std::int64_t l) const {
-        return h * stride_h_ + k * stride_k_ + l + origin_;
-    }
 
     // The cell of the image of a reflection under an operator, or -1 if it lies outside the grid.
     std::int64_t image_cell(const xyz_op_3& op, int h, int k, int l) const;
 
-    static const residue_patterns patterns_;
-
     int mode_ = with_mates;
-    list_0_3<std::uint64_t> seen_;
-    std::int64_t half_width_[3] = {0, 0, 0};
-    std::int64_t stride_h_ = 0;
-    std::int64_t stride_k_ = 0;
-    std::int64_t origin_ = 0;  ///< where 0, 0, 0 stands in the grid
-    list_0_3<list_0_3<cell_step>> steps_;
+    index_grid_3 grid_;
     int_list_3 inside_;  ///< for each class 1 if no equivalent leaves the grid
     presence_3 presence_;
     sum_list_3 sums_;

@@ -1,7 +1,6 @@
 #include "reflections/hkl_row_writer_3.h"
 
 #include <algorithm>
-#include <charconv>
 #include <cstring>
 
 namespace {
@@ -15,25 +14,14 @@ hkl_row_writer_3::hkl_row_writer_3(int largest)
     : most_(std::clamp(largest, least_ready, most_ready)) {
     cells_.set_n(2 * most_ + 1);
     for (int value = -most_; value <= most_; ++value) {
-        cell_text(value, cells_[value + most_].text);
+        put_cell(value, cells_[value + most_].text);
     }
     buffer_.set_n(room);
     end_ = buffer_.block();
 }
 
-// As write_cell (textout/row_writers.h).
-char* hkl_row_writer_3::cell_text(int value, char* out) {
-    char digits[16];
-    const char* const end = std::to_chars(digits, digits + sizeof digits, value).ptr;
-    const auto length = end - digits;
-    for (auto blanks = std::max<std::ptrdiff_t>(width - length, 1); blanks > 0; --blanks) {
-        *out++ = ' ';
-    }
-    return std::copy(static_cast<const char*>(digits), end, out);
-}
-
-char* hkl_row_writer_3::put_cell(int value, char* out) const {
-    if (value < -most_ || value > most_) return cell_text(value, out);
+char* hkl_row_writer_3::add_cell(int value, char* out) const {
+    if (value < -most_ || value > most_) return put_cell(value, out);
     std::memcpy(out, ready(value), sizeof(cell));
     return out + width;
 }
@@ -46,17 +34,17 @@ void hkl_row_writer_3::pass_on() {
 
 void hkl_row_writer_3::add(const hkl_row_3& row) {
     if (end_ > buffer_.block() + room - row_room) pass_on();
-    end_ = put_cell(row.h, end_);
-    end_ = put_cell(row.k, end_);
-    end_ = put_cell(row.l, end_);
-    end_ = put_cell(row.multiplicity, end_);
+    end_ = add_cell(row.h, end_);
+    end_ = add_cell(row.k, end_);
+    end_ = add_cell(row.l, end_);
+    end_ = add_cell(row.multiplicity, end_);
     *end_++ = '\n';
 }
 
 void hkl_row_writer_3::begin_line(int h, int k) {
     h_ = h;
     k_ = k;
-    line_length_ = static_cast<int>(put_cell(k, put_cell(h, line_)) - line_);
+    line_length_ = static_cast<int>(add_cell(k, add_cell(h, line_)) - line_);
 }
 
 void hkl_row_writer_3::add_run(int l, int last, int step, int multiplicity) {

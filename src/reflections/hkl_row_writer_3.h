@@ -32,9 +32,8 @@ private:
     static constexpr int room = 1 << 16;
     static constexpr int row_room = 64;  ///< for the longest row, and copies that write beyond it
 
-    static char* cell_text(int value, char* out);
     const char* ready(int value) const { return cells_[value + most_].text; }
-    char* put_cell(int value, char* out) const;
+    char* add_cell(int value, char* out) const;
     void add_ready_run(int l, int last, int step, int multiplicity);
     void pass_on();
 

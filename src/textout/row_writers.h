@@ -31,3 +31,5 @@ void write_row_4(const hkl_row_3& row, stream_out& stream);
 /// The indices alone.
 void write_row_3(const hkl_row_3& row, stream_out& stream);
 void write_cell(int value, stream_out& stream);
+/// The same, without a NUL, to `out`, where there must be room for 12 characters. Gives the end.
+char* put_cell(int value, char* out);
