@@ -21,7 +21,8 @@ residue_filter_3::residue_filter_3(const lattice_type_3& lattice) {
             for (int l = 0; l < period && lattice.hk_allowed(h, k); ++l) {
                 if (lattice.hkl_allowed(h, k, l)) set |= 1u << l;
             }
-            sets_[static_cast<std::size_t>(h * period + k)] = static_cast<std::uint8_t>(set);
+            sets_[static_cast<std::size_t>(h) * period + static_cast<std::size_t>(k)] =
+                static_cast<std::uint8_t>(set);
         }
     }
 }

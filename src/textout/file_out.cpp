@@ -21,7 +21,7 @@ file_out::file_out(const char* path, int open_now) {
 void file_out::close() {
     write_all();
     file_io::close();
-    incomplete = false;  // the next file begins anew
+    incomplete_ = false;  // the next file begins anew
 }
 
 void file_out::flush() {
