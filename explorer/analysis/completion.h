@@ -16,7 +16,8 @@ struct given_operator {
     fraction_matrix rot = to_fractions(unit_matrix);
     fraction_vector trans;
     int time = 1;
-    int line = 0;  ///< where it was read, from 1; 0 if nowhere
+    int line = 0;             ///< where it was read, from 1; 0 if nowhere
+    bool time_given = false;  ///< whether time reversal was written, be it 1
 
     given_operator() = default;
     given_operator(const fraction_matrix& w, const fraction_vector& shift, int reversal, int place)

@@ -36,21 +36,29 @@ std::vector<same_axes> settings_in_axes(const fraction_matrix& lattice_basis,
     return result;
 }
 
-identification choose(const completed_group& group, const standard_search& search,
-                      const standard_place& standard) {
+identification in_same_axes(const setting& row, const fraction_vector& origin) {
     identification result;
-    const auto same = settings_in_axes(group.basis, search.matcher(), *standard.target);
-    if (same.empty()) {
-        result.row = standard.target->group.row;
-        result.match = match_kind::transformed;
-        result.change = standard.change;
-    } else {
-        result.row = same.front().row;
-        result.change.origin = same.front().origin;
-        const bool exact = same.front().origin == fraction_vector{};
-        result.match = exact ? match_kind::exact : match_kind::origin;
-    }
+    result.row = &row;
+    result.change.origin = origin;
+    result.match = origin == fraction_vector{} ? match_kind::exact : match_kind::origin;
     return result;
+}
+
+identification transformed_to(const standard_place& standard) {
+    return {standard.target->group.row, match_kind::transformed, standard.change, {}};
+}
+
+standard_place place_of(standard_search& search) {
+    const std::optional<standard_place> standard = search.find();
+    if (!standard) throw std::logic_error("internal: no setting was found for the operators");
+    return *standard;
+}
+
+void verify(const completed_group& group, const identification& found, const space_group& answer) {
+    if (!is_taken_onto(group.basis, group.operators, found.change, answer.representatives(),
+                       answer.centring)) {
+        throw std::logic_error("internal: the setting found hasn't the operators");
+    }
 }
 
 // The other settings with the operators of the answer.
@@ -68,15 +76,24 @@ std::vector<const setting*> equal_rows(const space_group& answer, const known_se
 
 identification identify(const completed_group& group) {
     standard_search search(group.basis, group.operators);
-    const std::optional<standard_place> standard = search.find();
-    if (!standard) throw std::logic_error("internal: no setting was found for the operators");
-    identification result = choose(group, search, *standard);
+    const standard_place standard = place_of(search);
+    const auto same = settings_in_axes(group.basis, search.matcher(), *standard.target);
+    identification result = same.empty() ? transformed_to(standard)
+                                         : in_same_axes(*same.front().row, same.front().origin);
     const space_group answer = group_of(*result.row);
-    if (!is_taken_onto(group.basis, group.operators, result.change, answer.representatives(),
-                       answer.centring)) {
-        throw std::logic_error("internal: the setting found hasn't the operators");
-    }
-    result.also = equal_rows(answer, *standard->target);
+    verify(group, result, answer);
+    result.also = equal_rows(answer, *standard.target);
+    return result;
+}
+
+identification identify_standard(const completed_group& group) {
+    standard_search search(group.basis, group.operators);
+    const standard_place standard = place_of(search);
+    const int_matrix own_axes = to_integers(inverse(group.basis));
+    const auto origin = search.matcher().origin(*standard.target, own_axes);
+    const identification result =
+        origin ? in_same_axes(*standard.target->group.row, *origin) : transformed_to(standard);
+    verify(group, result, standard.target->group);
     return result;
 }
 

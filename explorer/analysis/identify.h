@@ -41,6 +41,9 @@ struct identification {
 identification identify(std::span<const symop> operators);
 /// The same of a group that complete() made; its operators have no time reversal.
 identification identify(const completed_group& group);
+/// The change to the standard setting, even where the operators are those of another one: the
+/// standard setting in the group's own axes if they fit, else the smallest change as above.
+identification identify_standard(const completed_group& group);
 
 std::string_view match_text(match_kind match);  ///< `exact`, `origin`, `transformed`
 

@@ -120,7 +120,7 @@ subgroup subgroup_lattice::described(std::size_t place) const {
     subgroup result;
     result.index = static_cast<int>(group_.operators.size() / part.operators.size());
     result.conjugacy_class = one.conjugacy_class;
-    result.found = identify(part);
+    result.found = identify_standard(part);
     const basis_change into_group = inverse(basis_change{group_.basis, {}});
     for (const symop& op : part.operators) {
         symop now = transformed(op, into_group);
@@ -178,7 +178,6 @@ std::vector<subgroup_chain> subgroup_lattice::chains_to(const setting& target) c
                 last.found.change * last.found.row->to_standard() * inverse(target.to_standard());
             last.found.row = &target;
             last.found.match = match_kind::transformed;
-            last.found.also.clear();
         }
         subgroup_chain chain;
         for (const std::size_t step : way_to(place)) {

@@ -74,7 +74,7 @@ operator_input read_operators(std::string_view text, std::string_view kind) {
         for (operator_block& block : input.blocks) {
             if (block.operators.empty()) throw unreadable_input("there are no operators");
             for (const given_operator& op : block.operators) {
-                if (op.time < 0) block.magnetic = true;
+                if (op.time_given) block.magnetic = true;
             }
         }
         if (input.blocks.empty()) throw unreadable_input("there are no operators");

@@ -208,7 +208,8 @@ given_operator read_operator(std::string_view text, int line) {
     op.line = line;
     op.rot = {};
     for (std::size_t i = 0; i < 3; ++i) read_field(fields[i], op.rot[i], op.trans[i]);
-    if (fields.size() == 4) op.time = read_time(fields[3]);
+    op.time_given = fields.size() == 4;
+    if (op.time_given) op.time = read_time(fields[3]);
     return op;
 }
 

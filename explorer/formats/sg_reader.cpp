@@ -36,7 +36,6 @@ void read_positions(std::string_view text, int line, operator_block& block) {
         if (after_comma) {
             op += ',';
             op += take_row(text, line, after_comma);
-            block.magnetic = true;
         }
         add_operator(block, parse_operator(op, first_line));
     }

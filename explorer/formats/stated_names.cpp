@@ -70,7 +70,8 @@ void check_symbol(const operator_block& block, const identification& found,
 
 void check_hall(const operator_block& block, const completed_group& group,
                 const identification& found, std::vector<std::string>& result) {
-    if (block.hall.empty()) return;
+    const bool own = found.match == match_kind::exact && block.hall == found.row->hall;
+    if (block.hall.empty() || own) return;
     const auto named = resolved("hall:" + block.hall);
     const std::string stated = "the Hall symbol " + shown(block.hall);
     if (!named) {
@@ -83,9 +84,9 @@ void check_hall(const operator_block& block, const completed_group& group,
                          described(*found.row));
         return;
     }
-    const std::vector<symop> own = operators_of_cell(group);
+    const std::vector<symop> given = operators_of_cell(group);
     const std::set<symop> wanted(named->group.operators.begin(), named->group.operators.end());
-    if (std::set<symop>(own.begin(), own.end()) != wanted) {
+    if (std::set<symop>(given.begin(), given.end()) != wanted) {
         result.push_back(stated + " means other axes or another origin than the operators have");
     }
 }

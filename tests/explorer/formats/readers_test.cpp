@@ -135,6 +135,8 @@ TEST(Readers, WhatTheInputSaysOfTheGroup) {
     EXPECT_EQ(cif.number, 4);
     EXPECT_EQ(cif.name, "one");
     EXPECT_TRUE(read_operators(samples[4].text).blocks[0].magnetic);
+    EXPECT_TRUE(read_operators("x,y,z,1").blocks[0].magnetic);
+    EXPECT_FALSE(read_operators("x,y,z").blocks[0].magnetic);
     EXPECT_EQ(read_operators(samples[7].text).blocks[0].symbol, "p1121");
     const auto blocks =
         read_operators(

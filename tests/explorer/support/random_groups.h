@@ -97,6 +97,7 @@ private:
             if (now == size) kept.pop_back();
             size = now;
         }
+        if (kept.empty()) kept.push_back(list.front());
         list = kept;
     }
 
