@@ -1,8 +1,10 @@
 #include "formats/identify_report.h"
 
 #include "formats/show_json.h"
+#include "formats/show_text.h"
 #include "formats/stated_names.h"
 #include "formats/text_layout.h"
+#include "group/text_fields.h"
 
 namespace lomar {
 
@@ -28,6 +30,13 @@ std::string match_line(match_kind match, std::string_view setting) {
 }
 
 std::string line(std::string_view name, const std::string& text) { return wrapped(name, {text}); }
+
+// Words that go over into further lines.
+std::string sentence(std::string_view name, std::string_view text) {
+    std::vector<std::string> words;
+    while (!text.empty()) words.emplace_back(take_field(text, ' '));
+    return wrapped(name, words, " ");
+}
 
 std::string change_lines(match_kind match, const basis_change& change) {
     if (match == match_kind::exact) return "";
@@ -55,6 +64,12 @@ std::string magnetic_text(const magnetic_identification& found) {
            line("Family", standard_setting(row.family_number).name()) +
            line("Match", match_line(found.match, row.bns_symbol)) +
            change_lines(found.match, found.change);
+}
+
+named_group answer_of(const identify_report& report) {
+    named_group result;
+    result.group = group_of(*report.space->row);
+    return result;
 }
 
 json input_json(const identify_report& report) {
@@ -110,11 +125,10 @@ identify_report identify_block(const operator_block& block, const std::string& f
 std::string identify_text(const identify_report& report, bool colour) {
     std::string result;
     if (report.space) {
-        const setting& row = *report.space->row;
-        result += bold(row.name(), colour) + ", number " + std::to_string(row.number) + "\n\n";
+        result += title_text(answer_of(report), colour) + "\n";
     } else if (report.magnetic) {
         const magnetic_facts& row = *report.magnetic->row;
-        result += bold(std::string(row.bns_symbol), colour) + ", BNS number " +
+        result += bold(std::string(row.bns_symbol), colour) + "  BNS No. " +
                   std::string(row.bns_number) + "\n\n";
     } else {
         result += "no group\n\n";
@@ -122,17 +136,15 @@ std::string identify_text(const identify_report& report, bool colour) {
     result += line("Read", read_text(report));
     if (report.space) result += space_text(*report.space);
     if (report.magnetic) result += magnetic_text(*report.magnetic);
-    for (const std::string& text : report.contradictions) result += line("Contradiction", text);
-    if (!report.failure.empty()) result += line("Failure", report.failure);
+    for (const std::string& text : report.contradictions) result += sentence("Contradiction", text);
+    if (!report.failure.empty()) result += sentence("Failure", report.failure);
     return result;
 }
 
 json identify_json(const identify_report& report) {
     json value = json::object();
     if (report.space) {
-        named_group group;
-        group.group = group_of(*report.space->row);
-        value = show_json(report_of(std::move(group)));
+        value = show_json(report_of(answer_of(report)));
     } else if (report.magnetic) {
         value = magnetic_json(*report.magnetic->row);
     }

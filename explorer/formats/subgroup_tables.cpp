@@ -2,6 +2,7 @@
 
 #include "formats/csv.h"
 #include "formats/show_json.h"
+#include "formats/show_text.h"
 #include "formats/text_layout.h"
 
 namespace lomar {
@@ -31,8 +32,9 @@ json subgroup_json(const subgroup& one) {
 }
 
 std::string heading(const space_group& group, const std::string& what, bool colour) {
-    return bold(group.name, colour) + ", number " + std::to_string(group.row->number) + ": " +
-           what + "\n\n";
+    named_group named;
+    named.group = group;
+    return title_text(named, colour) + "\n" + what + "\n";
 }
 
 const std::vector<std::string> columns = {"setting", "number", "index", "axes", "origin"};
@@ -72,7 +74,7 @@ std::string table_with(const std::string& first_column,
 
 std::string subgroups_text(const space_group& group, const std::vector<subgroup>& subgroups,
                            bool colour) {
-    std::string result = heading(group, "maximal translationengleiche subgroups", colour);
+    std::string result = heading(group, "Maximal translationengleiche subgroups", colour);
     if (subgroups.empty()) return result + "none\n";
     return result + table_with("class", rows_of(subgroups)) +
            "\nSubgroups of one class are conjugate. Axes and origin are in those of " + group.name +
@@ -97,7 +99,7 @@ std::string subgroups_csv(const std::vector<subgroup>& subgroups) {
 
 std::string chains_text(const space_group& group, const std::string& target,
                         const std::vector<subgroup_chain>& chains, bool colour) {
-    return heading(group, "translationengleiche subgroups " + target, colour) +
+    return heading(group, "Translationengleiche subgroups " + target, colour) +
            table_with("class", rows_of(chains)) +
            "\nEach class of conjugate subgroups has one chain, each step maximal in the one "
            "before.\n"
