@@ -86,8 +86,7 @@ namespace {
 
 // Without a command interpreter, which would look into the names of directories for commands.
 void run_tool(sg_file_names_3& names) {
-    string_3 path(data_dir());
-    path.append("lomar6");
+    const string_3 path = data_path("lomar6");
     const string_3 program = local_name(path.data);
     const char* const arguments[] = {
         program.data, names.lower_symbol().data, "-dir", names.out_dir().data,

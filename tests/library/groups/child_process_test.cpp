@@ -181,21 +181,4 @@ TEST_F(Child, TheToolGetsItsArgumentsAsTheyAre) {
     EXPECT_FALSE(fs::exists("made"));
 }
 
-TEST_F(Child, GeneratesAMissingFile) {
-    fs::create_directory("sg");
-    sg_file_names_3 names;
-    names.set_symbol("P_21/c");
-    const std::string path = std::string("sg") + platform_separator + "p21oc.sg";
-    {
-        command_stand_in child(make_error_file);
-        EXPECT_FAILURE(names.generate_in_child(), " Error running \"lomar6\" p21/c -dir \"sg\"");
-        EXPECT_FALSE(fs::exists("err.txt"));
-    }
-    command_stand_in child([&] { write_file(path, ""); });
-    names.generate_in_child();
-    names.generate_in_child();
-    EXPECT_EQ(child.commands.size(), 1U) << "the file is there the second time";
-    EXPECT_EQ(console.text(), "Generating " + path + "\nGenerating " + path + "\n");
-}
-
 }  // namespace

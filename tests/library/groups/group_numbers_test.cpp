@@ -3,8 +3,6 @@
 #include <gtest/gtest.h>
 #include <map>
 
-#include "library/groups/group_files.h"
-#include "support/command_stand_in.h"
 #include "support/expect_failure.h"
 #include "support/operators.h"
 #include "support/scratch_dir.h"
@@ -82,34 +80,6 @@ TEST_F(GroupNumbers, ATableIsReadOnce) {
     write_file("lomar5.txt", "4 t { p21 =4 }");
     EXPECT_EQ(sg_number_of("C2"), 5);
     EXPECT_EQ(sg_number_of("P21"), 0);
-}
-
-TEST_F(GroupNumbers, LoadsRecords) {
-    std::filesystem::create_directory("sg");
-    const std::string path = (std::filesystem::path("sg") / "fddd.sg").string();
-    std::string makes;  // the file that the child process leaves
-    const auto generate = [&] {
-        if (makes.empty()) return;
-        write_file(makes, "space_group\n{\n\tnumber 70\n\tsymbol fddd\n}");
-    };
-    command_stand_in child(generate);
-    sg_catalogue_entry_3 entry;
-    entry.unique_axis = "y";
-    EXPECT_EQ(load_space_group(entry, ""), space_group_empty);
-    EXPECT_EQ(load_space_group(entry, "xyz"), space_group_invalid);
-    EXPECT_EQ(load_space_group(entry, "p1;echo"), space_group_not_generated);
-    EXPECT_EQ(child.commands.size(), 0U) << "nothing that the command interpreter might take";
-    EXPECT_FAILURE(load_space_group(entry, "F_d_d_d"), " Cannot open file " + path);
-    makes = "err.txt";
-    EXPECT_EQ(load_space_group(entry, "F_d_d_d"), space_group_not_generated);
-    makes = path;
-    EXPECT_EQ(load_space_group(entry, "F_d_d_d"), space_group_loaded);
-    EXPECT_TRUE(child.commands[2].ends_with(" fddd -dir \"sg\" -e \"err.txt\""));
-    EXPECT_EQ(entry.number, 70);
-    EXPECT_STREQ(entry.symbol.data, "fddd");
-    EXPECT_TRUE(entry.unique_axis.is_empty());
-    EXPECT_EQ(load_space_group(entry, "Fddd"), space_group_loaded);
-    EXPECT_EQ(child.commands.size(), 3U) << "the file is there now";
 }
 
 }  // namespace

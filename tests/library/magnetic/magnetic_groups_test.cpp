@@ -5,14 +5,10 @@
 #include <set>
 #include <string>
 
-#include "foundation/platform.h"
-#include "library/groups/group_files.h"
 #include "library/magnetic/magnetic_names.h"
-#include "support/command_stand_in.h"
 #include "support/expect_failure.h"
 #include "support/magnetic_reference.h"
 #include "support/scratch_dir.h"
-#include "textout/console.h"
 #include "textout/sstring_out.h"
 
 namespace {
@@ -229,48 +225,6 @@ TEST_F(MagneticGroups, OddNames) {
     // A name is rather the BNS symbol of a later record than the OG symbol of an earlier one.
     write_file("magnetic_names.txt", "1.1 1.1.1 PA PX 1 1 1 P\n1.2 1.1.2 PX PB 1 1 1 P");
     EXPECT_EQ(find_magnetic_group_3("PX").bns_number, "1.2");
-}
-
-// ---- the operators of a group from its .sg file ----
-
-TEST(LoadGroup, ReadsOrGenerates) {
-    const scratch_dir dir;
-    std::filesystem::create_directory("sg");
-    const std::string file = std::string("sg") + platform_separator + "p21oc.sg";
-    const std::string loads = "Loading xyz's for P_21/c from file " + file + '\n';
-    const std::string generates = "Generating xyz's for P_21/c\n";
-    const struct {
-        const char* makes;    // what the child process leaves
-        const char* failure;  // empty if the call gets through
-        std::size_t runs;
-        const char* ops;
-        std::string console;
-    } rows[] = {
-        {"err.txt", " Error generating equivalent positions", 1, "", generates},
-        {"nothing", "", 2, "", generates + generates},
-        {file.c_str(), "", 1, "x,y,z;-x,-y+1/2,-z", generates + loads},
-        {"", "", 0, "x,y,z;-x,-y+1/2,-z", loads},  // the file is there now
-    };
-    write_file("err.txt", "left behind");
-    for (const auto& row : rows) {
-        SCOPED_TRACE(row.makes);
-        command_stand_in child(
-            [&] { write_file(row.makes, "xyzs\n{\n\tx, y, z \n\t-x, -y+1/2, -z \n} 2\n"); });
-        sstring_out console;
-        push_console_stream(console);
-        xyz_list_3 ops = xyz_list_of("-x,y,z");
-        string_3 path;
-        const auto failure = message_of([&] { load_group_xyzs_3(ops, path, "P_21/c"); });
-        pop_console_stream();
-        EXPECT_EQ(failure.value_or(""), row.failure);
-        EXPECT_EQ(path, file.c_str());
-        EXPECT_EQ(child.commands.size(), row.runs);
-        for (const std::string& command : child.commands) {
-            EXPECT_TRUE(command.ends_with("lomar6  p21/c -dir \"sg\" -e \"err.txt\"")) << command;
-        }
-        EXPECT_EQ(arrays_of(ops), arrays_of(xyz_list_of(row.ops)));
-        EXPECT_EQ(console.text(), row.console);
-    }
 }
 
 }  // namespace
