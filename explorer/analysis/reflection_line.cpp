@@ -49,14 +49,15 @@ reflection_lines::reflection_lines(const space_group& group,
 
 // Leaves the l between which every image but those of `n_fixing` operators, which fix the line, is
 // smaller; false if nowhere on the line.
-bool reflection_lines::narrow(int h, int k, int& low, int& high, int& n_fixing) const {
-    for (const int_matrix& difference : differences_) {
+bool reflection_lines::narrow(int h, int k, int& low, int& high, int& n_fixing) {
+    for (std::size_t n = 0; n < differences_.size(); ++n) {
+        const int_matrix& difference = differences_[n];
         bool fixes = true;
         for (std::size_t i = 0; i < 3; ++i) {
             const int start = part(difference, i, h, k);
             const int step = difference[i][2];
             if (step == 0 && start == 0) continue;
-            if (step == 0 && start < 0) return false;
+            if (step == 0 && start < 0) return rule_out(n);
             if (step > 0) low = std::max(low, floor_quotient(-start, step) + 1);
             if (step < 0) high = std::min(high, -floor_quotient(start, step) - 1);
             fixes = false;
@@ -82,15 +83,16 @@ void reflection_lines::find_conditions(int h, int k) {
     }
 }
 
-bool reflection_lines::look_at(int h, int k, int l, bool absent, listed_reflection& found) const {
+bool reflection_lines::look_at(int h, int k, int l, bool absent, listed_reflection& found) {
     int n_fixing = 1;
-    for (const int_matrix& difference : differences_) {
+    for (std::size_t n = 0; n < differences_.size(); ++n) {
+        const int_matrix& difference = differences_[n];
         // The first index that differs decides which is greater.
         int by = 0;
         for (std::size_t i = 0; i < 3 && by == 0; ++i) {
             by = part(difference, i, h, k) + difference[i][2] * l;
         }
-        if (by < 0) return false;
+        if (by < 0) return rule_out(n);
         if (by == 0) ++n_fixing;
     }
     if (h == 0 && k == 0 && l == 0) return false;

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <algorithm>
+#include <utility>
 #include <vector>
 
 #include "analysis/conditions.h"
@@ -59,9 +60,14 @@ private:
         int step;
     };
 
-    bool narrow(int h, int k, int& low, int& high, int& n_fixing) const;
+    bool narrow(int h, int k, int& low, int& high, int& n_fixing);
     void find_conditions(int h, int k);
-    bool look_at(int h, int k, int l, bool absent, listed_reflection& found) const;
+    bool look_at(int h, int k, int l, bool absent, listed_reflection& found);
+    // What rules out a reflection often rules out the next: it is asked earlier.
+    bool rule_out(std::size_t place) {
+        std::swap(differences_[place], differences_[place / 2]);
+        return false;
+    }
     std::int16_t broken_at(int l) const {
         for (const line_condition& condition : on_line_) {
             if ((condition.start + condition.step * (l % condition.modulus)) % condition.modulus !=
