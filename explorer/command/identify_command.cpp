@@ -4,22 +4,20 @@
 #include "command/command.h"
 #include "command/input_file.h"
 #include "formats/identify_report.h"
+#include "formats/magnetic_report.h"
 #include "formats/operator_files.h"
 
 namespace lomar {
 
 namespace {
 
-std::string magnetic_operators(const magnetic_identification& found) {
-    std::string text;
-    for (const symop& op : group_of(*found.row).operators) text += xyzt_text(op) + "\n";
-    return text;
-}
-
 std::string operators_text(const identify_report& report, const std::string& format) {
     if (report.magnetic) {
-        if (format == "xyz") return magnetic_operators(*report.magnetic);
-        throw input_error("magnetic operators have no format '" + format + "'; they have xyz");
+        const magnetic_group group = group_of(*report.magnetic->row);
+        if (format == "xyz") return magnetic_xyz(group);
+        if (format == "cif") return magnetic_cif(group);
+        throw input_error("magnetic operators have no format '" + format +
+                          "'; they have text, json, xyz, cif");
     }
     if (!report.space) return "";
     const space_group group = group_of(*report.space->row);

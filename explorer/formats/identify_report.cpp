@@ -1,5 +1,6 @@
 #include "formats/identify_report.h"
 
+#include "formats/magnetic_report.h"
 #include "formats/show_json.h"
 #include "formats/show_text.h"
 #include "formats/stated_names.h"
@@ -57,7 +58,7 @@ std::string space_text(const identification& found) {
     return result;
 }
 
-std::string magnetic_text(const magnetic_identification& found) {
+std::string magnetic_lines(const magnetic_identification& found) {
     const magnetic_facts& row = *found.row;
     return line("OG", std::string(row.og_symbol) + " (" + std::string(row.og_number) + ")") +
            line("UNI", std::string(row.uni_symbol)) + line("Type", std::to_string(row.type)) +
@@ -80,21 +81,6 @@ json input_json(const identify_report& report) {
     input["block"] = text_or_null(report.block);
     input["contradictions"] = report.contradictions;
     return input;
-}
-
-json magnetic_json(const magnetic_facts& row) {
-    json value;
-    value["bns_number"] = row.bns_number;
-    value["bns_symbol"] = row.bns_symbol;
-    value["og_number"] = row.og_number;
-    value["og_symbol"] = row.og_symbol;
-    value["uni_symbol"] = row.uni_symbol;
-    value["uni_number"] = row.uni_number;
-    value["type"] = row.type;
-    value["parent_number"] = row.parent_number;
-    value["family_number"] = row.family_number;
-    value["lattice"] = std::string(1, row.lattice);
-    return value;
 }
 
 }  // namespace
@@ -135,7 +121,7 @@ std::string identify_text(const identify_report& report, bool colour) {
     }
     result += line("Read", read_text(report));
     if (report.space) result += space_text(*report.space);
-    if (report.magnetic) result += magnetic_text(*report.magnetic);
+    if (report.magnetic) result += magnetic_lines(*report.magnetic);
     for (const std::string& text : report.contradictions) result += sentence("Contradiction", text);
     if (!report.failure.empty()) result += sentence("Failure", report.failure);
     return result;
@@ -146,7 +132,7 @@ json identify_json(const identify_report& report) {
     if (report.space) {
         value = show_json(report_of(answer_of(report)));
     } else if (report.magnetic) {
-        value = magnetic_json(*report.magnetic->row);
+        value = magnetic_object(group_of(*report.magnetic->row), "");
     }
     value["input"] = input_json(report);
     if (!report.failure.empty()) {

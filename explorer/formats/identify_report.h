@@ -30,7 +30,7 @@ identify_report identify_block(const operator_block& block, const std::string& f
 
 std::string identify_text(const identify_report& report, bool colour);
 /// The object of `lomar show` for the setting found, with the keys input, match, transformation and
-/// also; of a magnetic group its numbers and symbols.
+/// also; of a magnetic group the object of `lomar magnetic`.
 json identify_json(const identify_report& report);
 
 }  // namespace lomar

@@ -118,10 +118,10 @@ std::string magnetic_text(const magnetic_group& group, std::string_view notation
     return text + table_text(table);
 }
 
-std::string magnetic_json(const magnetic_group& group, std::string_view notation) {
+json magnetic_object(const magnetic_group& group, std::string_view notation) {
     json result;
     add_names(result, *group.row);
-    result["found_as"] = notation;
+    result["found_as"] = text_or_null(notation);
     result["family"] = standard_setting(group.row->family_number).name();
     result["parent"] = standard_setting(group.row->parent_number).name();
     result["og_to_bns"] = group.row->og_to_bns;
@@ -131,7 +131,11 @@ std::string magnetic_json(const magnetic_group& group, std::string_view notation
         result["centring"].push_back(to_json(vector));
     result["operators"] = json::array();
     for (const symop& op : group.operators) result["operators"].push_back(operator_json(op));
-    return json_text(result);
+    return result;
+}
+
+std::string magnetic_json(const magnetic_group& group, std::string_view notation) {
+    return json_text(magnetic_object(group, notation));
 }
 
 std::string magnetic_cif(const magnetic_group& group) {

@@ -4,6 +4,7 @@
 #include <string_view>
 #include <vector>
 
+#include "formats/json.h"
 #include "group/magnetic_group.h"
 
 namespace lomar {
@@ -18,6 +19,8 @@ std::string magnetic_csv(const std::vector<const magnetic_facts*>& rows);
 
 std::string magnetic_text(const magnetic_group& group, std::string_view notation);
 std::string magnetic_json(const magnetic_group& group, std::string_view notation);
+/// The same before it is written; `found_as` is null for an empty notation.
+json magnetic_object(const magnetic_group& group, std::string_view notation);
 
 /// A CIF block with the names of the magnetic CIF dictionary, which have dots. Pure translations,
 /// primed ones too, are in the loop of the centring; the products of both loops are the group.

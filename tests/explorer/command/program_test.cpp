@@ -103,7 +103,14 @@ INSTANTIATE_TEST_SUITE_P(
         usage_case{
             {"reflections", "P 1", "--cell", "4", "5", "6", "90", "90", "90", "--d-min", "1e-9"},
             1,
-            "more than 10000000 reflections"}));
+            "more than 10000000 reflections"},
+        usage_case{{"identify"}, 2, "FILE is required"},
+        usage_case{{"identify", "no_file"}, 1, "'no_file'"},
+        usage_case{{"identify", "no_file", "--from", "pdf"}, 2, "reads no 'pdf'"},
+        usage_case{{"subgroups", "P 1"}, 0, ""},
+        usage_case{{"subgroups", "P 21/c", "--to", "P -1", "--format", "csv"}, 0, ""},
+        usage_case{{"subgroups", "P 21/c", "--to", "P 21/c"}, 1, "no proper subgroup"},
+        usage_case{{"subgroups", "P 21/c", "--to", "Q"}, 1, "'Q'"}));
 
 TEST(output_file, holds_the_answer_and_replaces_what_was_there) {
     const scratch_dir scratch;
