@@ -141,8 +141,8 @@ TEST(ReflectionList, DownToADInCellsOfEverySystem) {
             return sum;
         };
         const auto list = reflections_down_to(group, conditions_of(group), cell, d_min, true);
-        const auto sets = sets_of(group, {24, 24, 24}, [&](const indices& hkl) {
-            return inverse_square(hkl) * d_min * d_min <= 1 + 1e-9;
+        const auto sets = sets_of(group, {24, 24, 24}, [&, least = d_min](const indices& hkl) {
+            return inverse_square(hkl) * least * least <= 1 + 1e-9;
         });
         EXPECT_GT(sets.size(), 30u);
         expect_sets(group, sets, list);

@@ -81,7 +81,8 @@ TEST(IdentifyReport, JsonIsThatOfShowAndMore) {
     const json value = identify_json(report);
     named_group named;
     named.group = group_of(*find_setting("P 1 21/c 1"));
-    for (const auto& [key, member] : show_json(report_of(named)).items()) {
+    const json shown_group = show_json(report_of(named));
+    for (const auto& [key, member] : shown_group.items()) {
         EXPECT_EQ(value.at(key), member) << key;
     }
     EXPECT_EQ(value.at("input").at("operators"), 2);
