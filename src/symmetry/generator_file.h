@@ -13,8 +13,9 @@
 /// " No generators in file" and the name, or " Error loading symmetry xyz's".
 void read_generator_file(const char* name, xyz_list_3& gens);
 
-/// Appends the operator, its square and so on, each normalised; the identity is the last. Fails
-/// with " Identity matrix not found after 13 operations".
+/// Appends the operator, its square and so on, each normalised, as long as it doesn't come back; so
+/// the identity is the last, if the operator has an inverse. Fails with
+/// " Identity matrix not found after 13 operations".
 void cyclic_powers(xyz_list_3& list, const xyz_op_3& op);
 
 /// Builds the product of the cyclic groups of the generators in a file, and shows it on the
