@@ -111,13 +111,21 @@ TEST(IdentifyReport, WhatIsWrittenIsRead) {
     }
 }
 
+// Entries that aren't whole: the lattice of these axes is centred, and by hand the product is a
+// threefold rotation.
+TEST(IdentifyReport, OrthohexagonalAxes) {
+    const identify_report report = report_on("1/2x+1/2y,3/2x-1/2y,-z\n-x,y,-z\n");
+    ASSERT_TRUE(report.space.has_value()) << report.failure;
+    EXPECT_EQ(report.space->row->name(), "P 3 2 1");
+}
+
 TEST(IdentifyReport, OperatorsThatMakeNoGroup) {
     const std::pair<const char*, const char*> cases[] = {
         {"x,y,z\nx+y,y,z\n", "'x+y,y,z' (line 2): no power"},
         {"x,y,z\nx,x,z\n", "'x,x,z' (line 2): its determinant is 0"},
         {"2x,y,z\n", "'2x,y,z' (line 1): no power"},
         {"y,x,-z\n-x,2x+y,-z\n", "the product of 'y,x,-z' (line 1) and '-x,2x+y,-z' (line 2)"},
-        {"1/2x+1/2y,3/2x-1/2y,-z\n-x,y,-z\n", "the product of"},
+        {"1/2x+1/2y,3/2x-1/2y,-z\ny,x,-z\n", "the product of"},
         {"99999999999x+y,y,z\n", "no power"},
         {"x+1/99999999999999,y+1/99999999999977,z+1/99999999999923\n", "too large"},
     };
