@@ -28,9 +28,9 @@ bool has_block(std::string_view text, std::string_view word) {
 
 bool is_shelx_card(const std::string& line) {
     for (const char* word : {"TITL", "REM", "CELL", "ZERR", "LATT", "SYMM", "SFAC"}) {
+        if (!line.starts_with(word)) continue;
         const std::size_t end = std::string_view(word).size();
-        const bool ends = line.size() == end || line[end] == ' ' || line[end] == '\t';
-        if (line.starts_with(word) && ends) return true;
+        if (line.size() == end || line[end] == ' ' || line[end] == '\t') return true;
     }
     return false;
 }

@@ -1,6 +1,7 @@
 #include "library/groups/group_numbers.h"
 
 #include "foundation/except_3.h"
+#include "foundation/heap_3.h"
 #include "textin/file_in.h"
 
 namespace {
@@ -65,6 +66,7 @@ void load_sg_names(vector_string_3& names) {
 }
 
 const vector_string_3& sg_name_table() {
+    the_heap();  // what comes first goes last: the table gives its memory back to it
     static vector_string_3 table;
     if (table.n == 0) load_sg_names(table);
     return table;
