@@ -5,8 +5,9 @@
 
 /// Composes the lines of a .hkl file, which are those of write_row_4 with line ends, in large
 /// pieces out of ready texts for the numbers. All memory is taken at the start. The pieces go to a
-/// stream when they are full, and the last one with `end`: without that it is lost, since a
-/// destructor must not write.
+/// file when they are full, and the last one with `end`: without that it is lost, since a
+/// destructor must not write. When the system can't write a piece, this fails as file_out::finish
+/// does, and rows are no longer taken for nothing.
 class hkl_row_writer_3 {
 public:
     /// Texts will be ready for numbers up to `largest` in size, if that isn't too many.
