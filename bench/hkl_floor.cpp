@@ -53,11 +53,12 @@ bool write_rows(std::FILE* file, int limit, std::int64_t rows) {
     int l = -limit;
     for (std::int64_t i = 0; i < rows; ++i) {
         if (out > buffer.get() + room - row_room) pass_on();
-        for (const int value : {h, k, l, 2}) {
-            std::memcpy(out, zero[value].text, sizeof(cell));
-            out += width;
-        }
-        *out++ = '\n';
+        std::memcpy(out, zero[h].text, sizeof(cell));
+        std::memcpy(out + width, zero[k].text, sizeof(cell));
+        std::memcpy(out + 2 * width, zero[l].text, sizeof(cell));
+        std::memcpy(out + 3 * width, zero[2].text, sizeof(cell));
+        out[4 * width] = '\n';
+        out += 4 * width + 1;
         if (++l <= limit) continue;
         l = -limit;
         if (++k <= limit) continue;
