@@ -41,25 +41,31 @@ bool greatest_line_3::find(int h, int k, interval_3 within) {
 
 // Requires a + b l <= 0 along the line. Where both sides are equal the elements aren't done with.
 greatest_line_3::outcome greatest_line_3::require_at_most(int a, int b, int begin, int end) {
-    if (b == 0) return a > 0 ? outcome::greater : a == 0 ? outcome::equal : outcome::decided;
+    if (b != 0) return bound(a, b, begin, end) ? outcome::decided : outcome::greater;
+    return a > 0 ? outcome::greater : a == 0 ? outcome::equal : outcome::decided;
+}
+
+// The same where there is an l with equality, whole or not. False if the interval becomes empty.
+bool greatest_line_3::bound(int a, int b, int begin, int end) {
     int l = b > 0 ? -a : a;
-    if (const int size = b > 0 ? b : -b; size != 1) {
+    const int size = b > 0 ? b : -b;
+    if (size != 1) {
         const int rest = ((l % size) + size) % size;
-        // Rounded to the side of those that fulfil it.
+        l = (l - rest) / size;
         if (rest != 0) {
-            l = (l - rest) / size + (b > 0 ? 0 : 1);
             begin = end;
-        } else {
-            l /= size;
+            if (b < 0) ++l;
         }
     }
-    if (begin != end) ties_.add({l, begin, end});
     if (b > 0) {
-        span_.last = std::min(span_.last, l);
+        if (l > span_.last) return true;
+        span_.last = l;
     } else {
-        span_.first = std::max(span_.first, l);
+        if (l < span_.first) return true;
+        span_.first = l;
     }
-    return span_.first <= span_.last ? outcome::decided : outcome::greater;
+    if (begin != end) ties_.add({l, begin, end});
+    return span_.first <= span_.last;
 }
 
 bool greatest_line_3::compare_branch(const branch& same_first) {
@@ -68,20 +74,19 @@ bool greatest_line_3::compare_branch(const branch& same_first) {
         require_at_most(row[0] * h_ + row[1] * k_ - h_, row[2], same_first.begin, same_first.end);
     if (result != outcome::equal) return result == outcome::decided;
     for (int e = same_first.begin; e < same_first.end; ++e) {
-        if (!compare_element(e)) return false;
+        if (!compare_element(group_->elements[e], e)) return false;
     }
     return true;
 }
 
 // For an element that leaves the first index of the line as it is.
-bool greatest_line_3::compare_element(int e) {
-    const laue_element_3& element = group_->elements[e];
-    for (int i = 1; i < 3; ++i) {
-        const triple_3& row = element.row[i];
-        const int a = row[0] * h_ + row[1] * k_ - (i == 1 ? k_ : 0);
-        const outcome result = require_at_most(a, row[2] - (i == 2 ? 1 : 0), e, e + 1);
-        if (result != outcome::equal) return result == outcome::decided;
-    }
+bool greatest_line_3::compare_element(const laue_element_3& element, int e) {
+    const triple_3& second = element.row[1];
+    outcome result = require_at_most(second[0] * h_ + (second[1] - 1) * k_, second[2], e, e + 1);
+    if (result != outcome::equal) return result == outcome::decided;
+    const triple_3& third = element.row[2];
+    result = require_at_most(third[0] * h_ + third[1] * k_, third[2] - 1, e, e + 1);
+    if (result != outcome::equal) return result == outcome::decided;
     ++fixing_;
     if (element.in_group) shifts_.add(element.shift);
     return true;

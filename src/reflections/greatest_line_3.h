@@ -57,8 +57,9 @@ private:
     enum class outcome { greater, equal, decided };
 
     bool compare_branch(const branch& same_first);
-    bool compare_element(int e);
+    bool compare_element(const laue_element_3& element, int e);
     outcome require_at_most(int a, int b, int begin, int end);
+    bool bound(int a, int b, int begin, int end);
     bool check_end(int l, line_end& found) const;
 
     const laue_group_3* group_ = nullptr;
