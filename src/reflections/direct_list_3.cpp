@@ -123,7 +123,7 @@ void direct_list_3::write_span(interval_3 part) {
 void direct_list_3::write_end(int l, const greatest_line_3::line_end& end) {
     if (!members_.contains(l)) return;
     if (end.absent && tests_ == tests::all) return;
-    if (next_doubtful(l, l) == l && !is_present(l, end.absent)) return;
+    if (is_doubtful(l) && !is_present(l, end.absent)) return;
     writer_->add_run(l, l, 1, multiplicity(end.fixing));
 }
 
@@ -138,14 +138,18 @@ void direct_list_3::write_inner(interval_3 part) {
     }
 }
 
-// The first member of the line from l on that may be absent by the grid's test, or a number above
-// `last`.
+// Whether the member l of the line may be absent by the grid's test.
+bool direct_list_3::is_doubtful(int l) const {
+    if (tests_ == tests::single && zeros_.next(l, l, 1) != l) return false;
+    return (tests_ != tests::all && !can_be_sure_) || !presence_.is_sure(l);
+}
+
+// The first such member from l on, or a number above `last`.
 int direct_list_3::next_doubtful(int l, int last) {
     if (tests_ == tests::all) return presence_.first_unsure(l, last);
-    while (l <= last) {
+    for (; l <= last; l += members_.step) {
         if (tests_ == tests::single) l = zeros_.next(l, last, members_.step);
-        if (l > last || !can_be_sure_ || presence_.first_unsure(l, l) == l) return l;
-        l += members_.step;
+        if (l > last || is_doubtful(l)) break;
     }
     return l;
 }

@@ -51,6 +51,7 @@ private:
     void write_span(interval_3 part);
     void write_end(int l, const greatest_line_3::line_end& end);
     void write_inner(interval_3 part);
+    bool is_doubtful(int l) const;
     int next_doubtful(int l, int last);
     bool is_present(int l, bool known_absent);
     int multiplicity(int fixing) const { return group_.order() / fixing; }

@@ -26,6 +26,13 @@ triple_3 column_of(const laue_element_3& element, int i) {
     return {{element.row[0][i], element.row[1][i], element.row[2][i]}};
 }
 
+// The phase that a column gives to a unit of its index, in radians.
+double angle_of(const triple_3& column, const double position[3]) {
+    double angle = 0.0;
+    for (int i = 0; i < 3; ++i) angle += whole_turn * column[i] * position[i];
+    return angle;
+}
+
 phase_factor_3 translation_factor(const laue_element_3& element, int h, int k, int l) {
     const int degrees = residue(phase_of_shift_3(element.shift, h, k, l), xyz_op_3::edge);
     const auto& [sine, cosine] = phase_table_3()[degrees];
@@ -50,6 +57,7 @@ void line_presence_3::set_up(const laue_group_3& group, const double position[3]
     made_.new_n_zero(n_residues);
     sums_.set_n(group.period[2] * sum_columns_.n);
     shifted_.set_n(sums_.n);
+    small_.set_max_n(2 * l_table_.n, false);
     h_ = -1;
 }
 
@@ -98,9 +106,7 @@ void line_presence_3::add_pair(const laue_element_3& one, const laue_element_3& 
 
 void line_presence_3::make_factors(const double position[3], const int reach[3]) {
     for (column& c : columns_) {
-        double angle = 0.0;
-        for (int i = 0; i < 3; ++i) angle += whole_turn * c.v[i] * position[i];
-        for (int i = 0; i < 3; ++i) c.factors[i].set_up(angle, reach[i]);
+        for (int i = 0; i < 3; ++i) c.factors[i].set_up(angle_of(c.v, position), reach[i]);
     }
     const int block = columns_[sum_columns_[0]].factors[2].block();
     l_table_.set_n(block * sum_columns_.n);
@@ -109,6 +115,7 @@ void line_presence_3::make_factors(const double position[3], const int reach[3])
             l_table_[l * sum_columns_.n + s] = columns_[sum_columns_[s]].factors[2].of(l);
         }
     }
+    if (sum_columns_.n == 1) zeros_.set_up(angle_of(columns_[sum_columns_[0]].v, position), block);
 }
 
 void line_presence_3::begin_h(int h) {
@@ -145,6 +152,7 @@ const phase_factor_3* line_presence_3::parts_of(int k_residue, int l_residue) {
 
 void line_presence_3::begin_line(int h, int k, const progression_3& members) {
     members_ = members;
+    has_block_ = false;
     if (!usable_) return;
     begin_h(h);
     for (column& c : columns_) c.at_k = c.factors[1].of(k);
@@ -164,22 +172,71 @@ void line_presence_3::begin_line(int h, int k, const progression_3& members) {
     }
 }
 
-// The first member from l on, within a block of the table, with a small sum. `n_fixed` is the
-// number of sums for one l, or 0 if that isn't one of those that are compiled for.
+bool line_presence_3::is_sure(int l) const {
+    if (!usable_) return false;
+    const int n = sum_columns_.n;
+    const int place = residue((l - members_.first) / members_.step, n_residues_) * n;
+    double part = 0.0;
+    for (int s = 0; s < n; ++s) {
+        part += (sums_[place + s] * columns_[sum_columns_[s]].factors[2].of(l)).re;
+    }
+    return std::abs(part) > line_present_limit;
+}
+
+// Turns the sums to a block of the table that begins with l = start.
+void line_presence_3::begin_block(int start) {
+    const int n = sum_columns_.n;
+    has_block_ = true;
+    block_start_ = start;
+    for (int s = 0; s < n; ++s) {
+        const phase_factor_3 turn = columns_[sum_columns_[s]].factors[2].of(start);
+        for (int i = s; i < n_residues_ * n; i += n) shifted_[i] = sums_[i] * turn;
+    }
+    find_small(start);
+}
+
+// To look at each member costs less where the line has few of them for each residue.
+void line_presence_3::find_small(int start) {
+    constexpr int least_members = 24;
+    const int cycle = n_residues_ * members_.step;
+    has_small_ = sum_columns_.n == 1 && cycle * least_members <= l_table_.n;
+    small_.n = 0;
+    for (int i = 0; i < n_residues_ && has_small_; ++i) {
+        const int old = small_.n;
+        has_small_ = zeros_.find(shifted_[i], line_present_limit, small_);
+        int kept = old;
+        for (int j = old; j < small_.n; ++j) {
+            const int l = start + small_[j];
+            if ((l - members_.first - i * members_.step) % cycle == 0) small_[kept++] = l;
+        }
+        small_.n = kept;
+    }
+}
+
+int line_presence_3::next_small(int l, int last) const {
+    int next = last + 1;
+    for (const int small : small_) {
+        if (small >= l && small < next) next = small;
+    }
+    return next;
+}
+
+// The first member from l on, within the block, with a small sum. `n_fixed` is the number of sums
+// for one l, or 0 if that isn't one of those that are compiled for.
 template <int n_fixed>
-int line_presence_3::scan(const phase_factor_3* sums, int l, int last) const {
+int line_presence_3::scan(int l, int last) const {
     const int n = n_fixed != 0 ? n_fixed : sum_columns_.n;
     const int step = members_.step;
-    const int block = l_table_.n / n;
-    const phase_factor_3* const end = sums + n_residues_ * n;
-    const phase_factor_3* sum = sums + residue((l - members_.first) / step, n_residues_) * n;
-    const phase_factor_3* turn = l_table_.block() + (l & (block - 1)) * n;
+    const phase_factor_3* const begin = shifted_.block();
+    const phase_factor_3* const end = begin + n_residues_ * n;
+    const phase_factor_3* sum = begin + residue((l - members_.first) / step, n_residues_) * n;
+    const phase_factor_3* turn = l_table_.block() + (l - block_start_) * n;
     for (; l <= last; l += step, turn += step * n) {
         double part = 0.0;
         for (int s = 0; s < n; ++s) part += sum[s].re * turn[s].re - sum[s].im * turn[s].im;
         if (!(std::abs(part) > line_present_limit)) return l;
         sum += n;
-        if (sum == end) sum = sums;
+        if (sum == end) sum = begin;
     }
     return l;
 }
@@ -189,16 +246,15 @@ int line_presence_3::first_unsure(int l, int last) {
     const int n = sum_columns_.n;
     const int block = l_table_.n / n;
     while (l <= last) {
-        const phase_factor_3* sums = sums_.block();
         const int start = l & ~(block - 1);
-        if (start != 0) {
-            for (int i = 0; i < n_residues_ * n; ++i) {
-                shifted_[i] = sums_[i] * columns_[sum_columns_[i % n]].factors[2].of(start);
-            }
-            sums = shifted_.block();
-        }
+        if (!has_block_ || block_start_ != start) begin_block(start);
         const int end = std::min(last, start + block - 1);
-        l = n == 1 ? scan<1>(sums, l, end) : n == 3 ? scan<3>(sums, l, end) : scan<0>(sums, l, end);
+        if (has_small_) {
+            l = next_small(l, end);
+            if (l > end) l = members_.from(l);
+        } else {
+            l = n == 1 ? scan<1>(l, end) : n == 3 ? scan<3>(l, end) : scan<0>(l, end);
+        }
         if (l <= end) return l;
     }
     return l;

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "reflections/laue_group_3.h"
+#include "reflections/near_zeros_3.h"
 #include "reflections/phase_factors_3.h"
 #include "reflections/progression_3.h"
 
@@ -16,6 +17,9 @@
 /// agree in the one for l once for a line. Most groups are left with one sum there, cubic ones with
 /// three. The factors for translations repeat with the residues of the indices.
 ///
+/// With one sum, the members for which it is small are found for a whole block of l (near_zeros_3);
+/// with more, the sum is computed for each.
+///
 /// Translations of the lattice are left out: the sum counts only where they give whole turns.
 class line_presence_3 {
 public:
@@ -26,6 +30,8 @@ public:
     /// Takes up the line of h and k, from which members of `members` will be asked for.
     void begin_line(int h, int k, const progression_3& members);
 
+    /// Whether the member l of the line is sure to be present.
+    bool is_sure(int l) const;
     /// The first member of the line from the member `l` on, up to `last`, that isn't sure to be
     /// present. If all are, a number above `last`.
     int first_unsure(int l, int last);
@@ -60,8 +66,11 @@ private:
     void make_factors(const double position[3], const int reach[3]);
     void begin_h(int h);
     const phase_factor_3* parts_of(int k_residue, int l_residue);
+    void begin_block(int start);
+    void find_small(int start);
+    int next_small(int l, int last) const;
     template <int n_fixed>
-    int scan(const phase_factor_3* sums, int l, int last) const;
+    int scan(int l, int last) const;
 
     const laue_group_3* group_ = nullptr;
     bool usable_ = false;
@@ -74,6 +83,11 @@ private:
     list_0_3<char> made_;               ///< 1 for those that are filled in
     list_0_3<phase_factor_3> sums_;     ///< for each residue of l among the members
     list_0_3<phase_factor_3> shifted_;  ///< the same, turned to the beginning of a block of l
+    near_zeros_3 zeros_;                ///< for a block
+    int_list_3 small_;                  ///< the members of the block with a small sum
+    int block_start_ = 0;
+    bool has_block_ = false;  ///< shifted_ is that of the line
+    bool has_small_ = false;  ///< and small_, too
     progression_3 members_;
     int n_residues_ = 0;
     int h_ = -1;

@@ -34,12 +34,47 @@ TEST(DirectList, BytesOfTheGridForEverySetting) {
     for (const setting& row : read_settings()) {
         write_file("group.sg", sg_text_of(row.operators));
         for (const hkl& limits :
-             {hkl{7, 7, 7}, {4, 5, 9}, {3, 0, 6}, {1, 2, 40}, {50, 1, 2}, {2, -3, 4}}) {
+             {hkl{7, 7, 7}, {4, 5, 9}, {3, 0, 6}, {1, 2, 600}, {50, 1, 2}, {2, -3, 4}}) {
             SCOPED_TRACE(row.symbol + row.choice + testing::PrintToString(limits));
             ASSERT_TRUE(limits[1] < 0 || is_direct(limits));
             ASSERT_EQ(outcome(limits, hkl_road_3::any), outcome(limits, hkl_road_3::grid));
         }
     }
+}
+
+// What is passed over as sure to be present is so by the full evaluation, and nothing else is.
+TEST(LinePresence, EverySetting) {
+    const scratch_dir dir;
+    int n_unsure = 0;
+    for (const setting& row : read_settings()) {
+        SCOPED_TRACE(row.symbol + row.choice);
+        write_file("group.sg", sg_text_of(row.operators));
+        const xyz_list_3 ops = xyz_list_of(row.operators);
+        hkl_generator_3 generator;
+        generator.load("group.sg", ops);
+        laue_group_3 group;
+        ASSERT_TRUE(group.set_up(ops, generator.classes));
+        line_presence_3 presence;
+        const int reach[3] = {300, 300, 300};
+        presence.set_up(group, hkl_generator_3::test_positions[0], reach);
+        sum_list_3 sums;
+        for (const auto& [h, k] : {std::pair{1, 2}, {3, -4}, {7, 7}, {8, 0}, {0, 6}, {255, -256}}) {
+            const progression_3 members = whole_phases_3(group.lattice, h, k, group.period[2]);
+            if (members.is_empty()) continue;
+            presence.begin_line(h, k, members);
+            int unsure = presence.first_unsure(members.from(-300), 300);
+            for (int l = members.from(-300); l <= 300; l += members.step) {
+                const bool passed = l < unsure;
+                if (!passed) unsure = presence.first_unsure(l + members.step, 300);
+                if (!passed) ++n_unsure;
+                ASSERT_LE(passed, presence.is_sure(l)) << h << ' ' << k << ' ' << l;
+                if (!passed || l % 5 != 0) continue;
+                ASSERT_EQ(generator.absence_value(h, k, l, sums), 1.0) << h << ' ' << k << ' ' << l;
+            }
+        }
+    }
+    EXPECT_GT(n_unsure, 1000);
+    EXPECT_LT(n_unsure, 100000);
 }
 
 // At h = 25000 the cosine of 2 pi h x is 0 at both test positions, at 5000 at the first one. So the
