@@ -4,10 +4,22 @@
 
 #include "symmetry/centring_table.h"
 
+namespace {
+
+// An orbit has at most as many members as the Laue class has elements.
+double least_rows(const laue_group_3& group, const triple_3& limits) {
+    double cells = 1.0;
+    for (int i = 0; i < 3; ++i) cells *= 2.0 * limits[i] + 1.0;
+    return cells / group.order() / (group.lattice.n + 1);
+}
+
+}  // namespace
+
 bool direct_list_3::set_up(const hkl_generator_3& generator, const triple_3& limits) {
     generator_ = &generator;
     const xyz_list_3& ops = *generator.sum.ops;
     if (!group_.set_up(ops, generator.classes)) return false;
+    if (least_rows(group_, limits) > most_rows) return false;
     is_free_ = generator.axis_free_count != 0;
     if (!box_.set_up(group_, limits) || !find_lattice(ops)) return false;
     const int reach[3] = {box_.reach(0), box_.reach(1), box_.reach(2)};

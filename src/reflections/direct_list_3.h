@@ -25,9 +25,12 @@
 /// tested by the grid; this takes such a reflection for the row if the grid does.
 class direct_list_3 {
 public:
+    static constexpr double most_rows = 1e11;  ///< two terabytes
+
     /// Takes the group and the tests of a generator that was loaded. Both it and the operators that
     /// it was loaded with must outlive this object. No limit may be below 0. False if the grid has
-    /// to decide. All memory that the list needs is taken here.
+    /// to decide, which refuses limits that lead to more than most_rows. All memory that the list
+    /// needs is taken here.
     bool set_up(const hkl_generator_3& generator, const triple_3& limits);
 
     /// The largest size that an index of a row can have.

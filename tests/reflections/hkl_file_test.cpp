@@ -56,6 +56,7 @@ TEST(HklFile, FailuresLeaveAnOldFileAlone) {
     } rows[] = {{"", 1, " Cannot find: xyzs"},
                 {p1.substr(0, p1.find("0kl")), 1, " Cannot find: 0kl"},
                 {p1 + " /*", 1, " Unclosed comment block"},
+                {p1, 99999, " Index limits too large"},
                 {sg_text_of("x,y,z;x,y,z"), 4000, " Index limits too large"}};
     write_file("group.hkl", "old");
     EXPECT_FAILURE(write_hkl_file_3("no.sg", "group.hkl", 1, 1, 1), " Cannot open file no.sg");
