@@ -20,6 +20,16 @@ std::string place_text(const given_operator& op) {
     return op.line > 0 ? text + " (line " + std::to_string(op.line) + ")" : text;
 }
 
+// Does something with an operator; an overflow then tells its place.
+template <typename Action>
+void at_place(const given_operator& op, const Action& action) {
+    try {
+        action();
+    } catch (const std::overflow_error&) {
+        throw not_a_group("a number is too large at " + place_text(op));
+    }
+}
+
 bool has_finite_order(const fraction_matrix& m) {
     try {
         const fraction_matrix unit = to_fractions(unit_matrix);
@@ -54,7 +64,7 @@ std::vector<const given_operator*> distinct_rotations(std::span<const given_oper
     std::vector<const given_operator*> result;
     for (const given_operator& op : operators) {
         if (!seen.insert(&op.rot).second) continue;
-        check_order(op);
+        at_place(op, [&] { check_order(op); });
         result.push_back(&op);
     }
     return result;
@@ -194,7 +204,9 @@ completed_group complete(std::span<const given_operator> operators) {
     const whole_axes axes(whole_basis(distinct_rotations(operators)));
     group_closure closure;
     try {
-        for (const given_operator& op : operators) closure.add(axes.into(op));
+        for (const given_operator& op : operators) {
+            at_place(op, [&] { closure.add(axes.into(op)); });
+        }
     } catch (const group_closure::contradiction& pair) {
         refuse(operators, axes, pair);
     }

@@ -45,7 +45,8 @@ struct completed_group {
 
 /// All products of the operators, together with the whole translations. Throws not_a_group when
 /// they are infinitely many other than by translations: it names the operator, or the two whose
-/// product shows it. Throws std::overflow_error when numbers leave their range.
+/// product shows it; likewise the operator at which numbers leave their range. Throws
+/// std::overflow_error when they do so with all operators together.
 completed_group complete(std::span<const given_operator> operators);
 completed_group complete(std::span<const symop> operators);
 

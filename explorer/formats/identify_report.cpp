@@ -100,8 +100,12 @@ identify_report identify_block(const operator_block& block, const std::string& f
             report.space = identify(group);
             report.contradictions = contradictions_of(block, group, *report.space);
         }
+    } catch (const std::overflow_error&) {
+        report.failure = "all operators together need numbers that are too large";
     } catch (const std::runtime_error& failure) {
         report.failure = failure.what();
+    }
+    if (!report.failure.empty()) {
         report.space.reset();
         report.magnetic.reset();
     }

@@ -1,3 +1,4 @@
+#include <algorithm>
 #include <nlohmann/json.hpp>
 
 #include "formats/readers.h"
@@ -60,6 +61,14 @@ std::string place_of(const json::parse_error& failure) {
     return text.substr(start, end - start) + ": ";
 }
 
+// The line of the number that the parser's message quotes.
+int line_of_number(std::string_view text, const json::out_of_range& failure) {
+    const std::string message = failure.what();
+    const std::size_t start = message.find('\'') + 1;
+    const std::string number = message.substr(start, message.rfind('\'') - start);
+    return 1 + static_cast<int>(std::ranges::count(text.substr(0, text.find(number)), '\n'));
+}
+
 }  // namespace
 
 std::vector<operator_block> read_json(std::string_view text) {
@@ -68,6 +77,8 @@ std::vector<operator_block> read_json(std::string_view text) {
         value = json::parse(text);
     } catch (const json::parse_error& failure) {
         throw unreadable_input(place_of(failure) + "this is no JSON");
+    } catch (const json::out_of_range& failure) {
+        throw unreadable_input(line_of_number(text, failure), "a number is too large");
     }
     std::vector<operator_block> blocks;
     const bool texts = value.is_array() && !value.empty() && value[0].is_string();

@@ -68,6 +68,8 @@ std::vector<operator_block> read_sg(std::string_view text) {
     if (!find_block(plain, "xyzs", found, line)) {
         throw unreadable_input("there is no section xyzs { ... }");
     }
+    const bool has_end = found.data() + found.size() < plain.data() + plain.size();
+    if (!has_end) throw unreadable_input(line, "the section xyzs has no end");
     blocks[0].line = line;
     read_positions(found, line, blocks[0]);
     return blocks;

@@ -50,11 +50,24 @@ int read_lattice(std::string_view text, int line) {
     return value;
 }
 
+// A card that ends in `=` goes on in the next line, after a blank.
+std::string whole_card(text_lines& lines) {
+    constexpr std::size_t longest = 2000;
+    const auto without_comment = [&] { return lines.line().substr(0, lines.line().find('!')); };
+    std::string card(without_comment());
+    for (;;) {
+        const std::size_t last = card.find_last_not_of(" \t");
+        if (last == std::string::npos || card[last] != '=' || card.size() > longest) return card;
+        card.resize(last);
+        if (!lines.next()) return card;
+        card += without_comment();
+    }
+}
+
 // One card; false at the end of the instructions.
 bool read_card(std::string_view line, int number, shelx_cards_read& cards) {
     const std::string word = capitals(line.substr(0, 4));
     std::string_view rest = line.substr(std::min<std::size_t>(4, line.size()));
-    rest = rest.substr(0, rest.find('!'));
     if (word == "SYMM") {
         if (cards.operators.size() > 100'000) {
             throw unreadable_input(number, "more than 100000 operators");
@@ -65,7 +78,7 @@ bool read_card(std::string_view line, int number, shelx_cards_read& cards) {
         cards.lattice = read_lattice(rest, number);
         cards.lattice_line = number;
     }
-    return word != "HKLF" && capitals(line) != "END";
+    return word != "HKLF" && word != "END" && word != "END ";
 }
 
 }  // namespace
@@ -74,7 +87,10 @@ std::vector<operator_block> read_shelx(std::string_view text) {
     shelx_cards_read cards;
     text_lines lines(text);
     bool go_on = true;
-    while (go_on && lines.next()) go_on = read_card(lines.line(), lines.number(), cards);
+    while (go_on && lines.next()) {
+        const int number = lines.number();
+        go_on = read_card(whole_card(lines), number, cards);
+    }
     if (!cards.lattice && cards.operators.size() == 1) {
         throw unreadable_input("there is no LATT and no SYMM card");
     }

@@ -41,6 +41,19 @@ std::string short_form(std::string_view symbol) {
 
 bool has_choice(const std::string& symbol) { return symbol.find(':') != std::string::npos; }
 
+bool leaves_axis_open(const named_group& named) {
+    return std::any_of(named.assumed.begin(), named.assumed.end(),
+                       [](const std::string& text) { return text.starts_with("unique axis"); });
+}
+
+// Whether a symbol can mean a setting, by what it says and what it leaves open.
+bool fits(const std::string& symbol, const named_group& named, const setting& found) {
+    const setting& row = *named.group.row;
+    if (has_choice(symbol)) return row.name() == found.name();
+    if (leaves_axis_open(named)) return short_form(row.symbol) == short_form(found.symbol);
+    return row.symbol == found.symbol;
+}
+
 void check_symbol(const operator_block& block, const identification& found,
                   std::vector<std::string>& result) {
     if (block.symbol.empty()) return;
@@ -57,12 +70,14 @@ void check_symbol(const operator_block& block, const identification& found,
                          described(*found.row));
         return;
     }
-    if (found.match == match_kind::transformed || !named->group.tabulated) return;
-    const bool agrees = has_choice(block.symbol)
-                            ? row.name() == found.row->name()
-                            : short_form(row.symbol) == short_form(found.row->symbol);
+    if (!named->group.tabulated) return;
+    if (found.match == match_kind::transformed) {
+        result.push_back(stated + " means " + row.name() +
+                         ", but the operators are in axes that no table has");
+        return;
+    }
     const bool equal = std::find(found.also.begin(), found.also.end(), &row) != found.also.end();
-    if (!agrees && !equal) {
+    if (!equal && !fits(block.symbol, *named, *found.row)) {
         result.push_back(stated + " means " + row.name() +
                          ", but the operators are in the axes of " + found.row->name());
     }

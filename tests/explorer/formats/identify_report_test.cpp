@@ -41,6 +41,9 @@ TEST(IdentifyReport, NamesAndNumbersAgainstOperators) {
         {"P 1 2/c 1", "_space_group_name_H-M_alt 'P 1 21/c 1'",
          "'P 1 21/c 1' means P 1 21/c 1 (14), but the operators are those of P 1 2/c 1 (13)"},
         {"P 1 21/n 1", "_space_group_name_H-M_alt 'P 21/c'", "in the axes of P 1 21/n 1"},
+        {"P 1 1 2", "_space_group_name_H-M_alt 'P 1 2 1'", "in the axes of P 1 1 2"},
+        {"P 1 1 21/b", "_space_group_name_H-M_alt 'P 21/b'", ""},
+        {"P b n m", "_space_group_name_H-M_alt 'P n m a'", "in the axes of P b n m"},
         {"P n n n:1", "_space_group_name_H-M_alt 'P n n n:2'", "means P n n n:2"},
         {"P 1 21/c 1", "_space_group_IT_number 15", "the number 15"},
         {"P 1 21/c 1", "_space_group_name_H-M_alt 'Q 7'", "'Q 7' names no space group"},
@@ -60,6 +63,16 @@ TEST(IdentifyReport, NamesAndNumbersAgainstOperators) {
                 << report.contradictions[0];
         }
     }
+}
+
+// A primitive cell has other axes than its symbol says.
+TEST(IdentifyReport, ASymbolForOtherAxes) {
+    const identify_report report = report_on(
+        "data_x\n_space_group_name_H-M_alt 'I 1 2 1'\nloop_\n"
+        "_space_group_symop_operation_xyz\nx,y,z\ny,x,-z\n");
+    EXPECT_EQ(report.space->match, match_kind::transformed);
+    ASSERT_EQ(report.contradictions.size(), 1u);
+    EXPECT_NE(report.contradictions[0].find("axes that no table has"), std::string::npos);
 }
 
 TEST(IdentifyReport, MagneticNamesAgainstOperators) {
@@ -127,7 +140,9 @@ TEST(IdentifyReport, OperatorsThatMakeNoGroup) {
         {"y,x,-z\n-x,2x+y,-z\n", "the product of 'y,x,-z' (line 1) and '-x,2x+y,-z' (line 2)"},
         {"1/2x+1/2y,3/2x-1/2y,-z\ny,x,-z\n", "the product of"},
         {"99999999999x+y,y,z\n", "no power"},
-        {"x+1/99999999999999,y+1/99999999999977,z+1/99999999999923\n", "too large"},
+        {"x,y,z\nx+1/99999999999999,y+1/99999999999977,z+1/99999999999923\n",
+         "too large at 'x+1/99999999999999,y+1/99999999999977,z+1/99999999999923' (line 2)"},
+        {"99999999999x+99999999989y,99999999977x-99999999979y,99999999999z\n", "(line 1)"},
     };
     for (const auto& [text, reason] : cases) {
         const identify_report report = report_on(text);
