@@ -19,7 +19,8 @@ constexpr double two_pi = 6.28318530717958;
 struct sample {
     explicit sample(const char* symbol) {
         data_dir() = DATA_DIR "/";
-        ops.take(space_group_of(symbol).ops);
+        space_group_3 group = space_group_of(symbol);
+        ops.take(group.ops);
         table.form_factors.set_n(1);
         for (int h = 0; hkls.n < n_reflections; ++h) {
             for (int k = -15; k <= 15; ++k) {

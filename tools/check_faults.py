@@ -112,7 +112,7 @@ class Case:
             got, old, new = (each.get(name) for each in (files, self.old, self.new))
             if got in (old, new):
                 continue
-            # The run begins a file, goes on with one, or writes a .sg file anew. A .hkl file is
+            # The run begins a file, goes on with one, or rewrites a .sg file. A .hkl file is
             # written anew once nothing can fail but writing.
             begun = old is None or got.startswith(old) or (
                 name.endswith(".sg") and not new.startswith(old)) or (

@@ -34,7 +34,7 @@ const std::pair<disguise, const char*> disguises[] = {{disguise::same_cell, "oth
                                                       {disguise::super_cell, "larger cell"},
                                                       {disguise::generators, "generators"}};
 
-// What stands before, around and after the operators of a kind of input.
+// The text before, around and after the operators of a kind of input.
 struct input_form {
     const char* kind;
     const char* start;

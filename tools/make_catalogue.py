@@ -41,21 +41,21 @@ HEAD = """\
 ' tail     crystal system, a m o t r h or c; c or a for centric or acentric; then six characters
 '          for each generator: p, or i for inverted, the key of its rotation in sgrots3.txt, and
 '          three translations in twelfths, where the digit 5 means 10. Axes are those of slot 0. The
-'          products of the powers are complete but for the centring, which the name tells.
-' body     up to six slots: a main name with further names behind =, or - for an empty one. They are
+'          products of the powers are complete but for the centring, which the name gives.
+' body     up to six slots: a main name with further names after =, or - for an empty one. They are
 '            3 to 15    b, -b, c, -c, a, -a (unique axis), in a record for each cell choice
 '            16 to 74   abc, ba-c, cab, -cba, bca, a-cb
 '            others     the same axes each time: further lattices of the group
 '
-' Names are in lower case, without blanks, underscores and brackets. A colon stands only in :2 at
-' the end and in numeric names. Nothing is left from the first h on. The ending r stands for
-' rhombohedral axes. Marks behind a symbol: 1 or s origin choice 1, :2 or z origin choice 2 or a
-' shifted origin. No name stands twice.
+' Names are in lower case, without blanks, underscores and brackets. A colon is only in :2 at
+' the end and in numeric names. Nothing is left from the first h on. The ending r means
+' rhombohedral axes. Marks after a symbol: 1 or s origin choice 1, :2 or z origin choice 2 or a
+' shifted origin. No name occurs twice.
 '
-' To add a group by hand: its setting, with all operators, goes to tests/data/settings.tsv, its
-' record here, among those of its number and behind the main setting. tools/make_catalogue.py makes
+' To add a group by hand: its setting, with all operators, is put into tests/data/settings.tsv, its
+' record here, among those of its number and after the main setting. tools/make_catalogue.py makes
 ' this file from the settings; with --check it reads every name of the file as the tool does and
-' compares operators, form and point group. docs/catalogue.md tells more.
+' compares operators, form and point group. docs/catalogue.md has more.
 '
 ' Left out: C -4 2 b, the doubled cell of P -4 b 2 (117). The rule by which a free axis makes a
 ' general reflection present would list 1 1 1 for it, which is absent. Not found is better than

@@ -59,7 +59,7 @@ OPERATORS_HEAD = """\
 ' Setting: that of the BNS symbol; unique axis b and cell choice 1, hexagonal axes (obverse) for the
 ' rhombohedral lattices, origin choice 2 (the inversion at the origin) where there are two.
 '
-' Made by tools/make_magnetic_groups.py; docs/magnetic_groups.md tells more. The facts are those of
+' Made by tools/make_magnetic_groups.py; docs/magnetic_groups.md has more. The facts are those of
 ' the magnetic space-group tables of H. T. Stokes and B. J. Campbell (ISO-MAG, ISOTROPY Software
 ' Suite), which rest on D. B. Litvin, Magnetic Group Tables (IUCr, 2013).
 """

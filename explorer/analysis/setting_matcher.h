@@ -43,7 +43,7 @@ private:
 };
 
 /// Whether a change takes the lattice and all operators of a group (in the lattice's basis) onto
-/// those of a setting, none left out: worked out anew by matrices, as a check of a search. The
+/// those of a setting, none left out: worked out again by matrices, as a check of a search. The
 /// setting's list is the representatives and the centring vectors, the null vector too.
 bool is_taken_onto(const fraction_matrix& lattice_basis, std::span<const symop> operators,
                    const basis_change& change, std::span<const symop> representatives,

@@ -15,7 +15,7 @@ public:
     bool contains(const fraction_vector& v) const;
     /// Adds a vector and all its multiples; false when it was there already.
     bool add(const fraction_vector& v);
-    /// The one vector that stands for v and all that differ from it by a lattice vector.
+    /// The one vector that represents v and all that differ from it by a lattice vector.
     fraction_vector reduced(fraction_vector v) const;
     /// A right-handed basis of short vectors, as columns: none gets shorter by a multiple of
     /// another, measured as if the axes were of one length and at right angles.

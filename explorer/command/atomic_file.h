@@ -27,7 +27,7 @@ private:
     void open_temporary();
 
     std::string shown;      // as the user wrote it
-    std::string place;      // behind any links
+    std::string place;      // after following any links
     std::string temporary;  // empty for a device
     int file = -1;
 };

@@ -30,7 +30,7 @@ std::string overview(const std::vector<std::unique_ptr<command>>& commands) {
            "  -o FILE        write the answer to a file, whole or not at all\n"
            "  --format F     the form of the answer\n"
            "  -h, --help     what the command takes\n\n"
-           "lomar --version tells the version.\n";
+           "lomar --version prints the version.\n";
 }
 
 void print(std::string_view text) {

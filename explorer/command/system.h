@@ -43,7 +43,7 @@ bool is_writable(const std::string& path);
 
 /// A number that no other process has at this time.
 long process_number();
-/// The file that goes when the user interrupts the program; none for an empty path.
+/// The file that is removed when the user interrupts the program; none for an empty path.
 void remove_on_interrupt(const std::string& path);
 
 }  // namespace lomar::system

@@ -15,7 +15,7 @@ struct axis_member {
     std::int64_t height = 0;  ///< of the point, or where the axis is in the page
 };
 
-/// The symbol for all operators of a line, as printed tables combine them: 4 stands for its 2 too,
+/// The symbol for all operators of a line, as printed tables combine them: 4 includes its 2,
 /// 3 with an inversion centre is -3, 2 with one is 2/m (International Tables A (2016), table
 /// 2.1.2.5, and its predecessors).
 struct axis_symbol {

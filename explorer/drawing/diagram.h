@@ -38,7 +38,7 @@ struct diagram_options {
 ///
 /// Every element is a <g class="element"> with these attributes, positions one of class "position"
 /// with the first:
-///   data-operators  the operators of the cell that it stands for, `;` between them
+///   data-operators  the operators of the cell that it shows, `;` between them
 ///   data-kind       `2`, `21/m`, `-4`, `m`, `n`, `3'`
 ///   data-at         its place in fractions of the drawn axes, in the order of a, b, c: `0,1/4` for
 ///                   a point, `x,1/4` for a line, `x,y` for a plane of the page

@@ -10,7 +10,7 @@ namespace lomar {
 /// comment without its end.
 std::string without_comments(std::string_view text);
 
-/// What stands in the braces after a word; `line` becomes the line of its first byte. False when
+/// What is in the braces after a word; `line` becomes the line of its first byte. False when
 /// the word, followed by a brace, is nowhere. Without an end the block runs to that of the text.
 bool find_block(std::string_view text, std::string_view word, std::string_view& block, int& line);
 

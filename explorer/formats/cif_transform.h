@@ -14,7 +14,7 @@ using axes_choice = std::function<basis_change(const space_group& group)>;
 
 /// A CIF in other axes. In every block that lists operators the cell with its volume and Z, the
 /// symbols, the operators, positions, anisotropic displacements (U, B or beta), multiplicities and
-/// lists of reflection indices are written anew; all else keeps its bytes, and a comment after the
+/// lists of reflection indices are rewritten; all else keeps its bytes, and a comment after the
 /// name of the block says what was done.
 ///
 /// Standard uncertainties go over as those of independent quantities. Wyckoff letters become `?`

@@ -13,7 +13,7 @@ namespace lomar {
 std::string xyz_lines(const space_group& group);
 
 /// A block of a CIF: number, symbols and all operators of the cell, under the names with
-/// underscores, since common readers find no group behind the dotted ones.
+/// underscores, since common readers find no group under the dotted ones.
 std::string cif_block(const space_group& group);
 /// A value as CIF 1.1 wants it: as it is, in quotes, or as a text field of its own lines.
 std::string cif_value(std::string_view text);

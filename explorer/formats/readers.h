@@ -46,7 +46,7 @@ std::vector<operator_block> read_cif_operators(std::string_view text);
 /// The LATT and SYMM cards, with all operators that they stand for: the identity, the inversion if
 /// LATT is positive, centring.
 std::vector<operator_block> read_shelx(std::string_view text);
-/// The xyzs of a .sg file, and the number and symbol that it tells: docs/sg_file.md.
+/// The xyzs of a .sg file, and the number and symbol that it gives: docs/sg_file.md.
 std::vector<operator_block> read_sg(std::string_view text);
 /// The block of generators: docs/generator_file.md. What lomar6 would read as one operator across
 /// a line end is refused.

@@ -53,7 +53,7 @@ std::string facts_text(const group_report& report) {
     return text + wrapped("Other settings", report.other_settings);
 }
 
-// The rotation part of the Seitz symbol, `3+_1-1-1`: the translation stands in the operator.
+// The rotation part of the Seitz symbol, `3+_1-1-1`: the translation is in the operator.
 std::string rotation_text(const symop& op) {
     const std::string seitz = seitz_text(op);
     return seitz.substr(2, seitz.find(" |") - 2);

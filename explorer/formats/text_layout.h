@@ -14,7 +14,7 @@ inline constexpr std::size_t text_width = 80;
 std::string wrapped(std::string_view name, const std::vector<std::string>& items,
                     std::string_view separator = ", ", std::size_t name_width = 16);
 
-/// Rows whose columns stand below each other, two blanks apart, behind an indent of two.
+/// Rows with aligned columns, two blanks apart, indented by two.
 std::string table_text(const std::vector<std::vector<std::string>>& rows);
 
 /// The text in bold print, for a terminal; as it is without colour.

@@ -8,7 +8,7 @@
 namespace lomar {
 
 /// A change of axes and origin: (a', b', c') = (a, b, c) P, and the new origin at p in the old
-/// coordinates. A coordinate goes over as x = P x' + p, an operator as
+/// coordinates. A coordinate changes as x = P x' + p, an operator as
 /// (W', w') = (P, p)^-1 (W, w) (P, p): International Tables for Crystallography A (2016), 1.5.2.
 struct basis_change {
     fraction_matrix matrix = to_fractions(unit_matrix);  ///< P
@@ -17,7 +17,7 @@ struct basis_change {
     friend bool operator==(const basis_change& a, const basis_change& b) = default;
 };
 
-/// The change that goes back. Throws std::domain_error for a determinant of 0.
+/// The inverse change. Throws std::domain_error for a determinant of 0.
 basis_change inverse(const basis_change& change);
 /// First `first`, then `second`, whose old axes are the new ones of `first`.
 basis_change operator*(const basis_change& first, const basis_change& second);

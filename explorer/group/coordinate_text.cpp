@@ -15,13 +15,13 @@ namespace {
     throw std::invalid_argument("no coordinate can be read from '" + one_line(term) + "'");
 }
 
-// The factor of a letter: what stands before it, and behind it as a divisor.
-fraction factor_of(std::string_view before, std::string_view behind, std::string_view term) {
+// The factor of a letter: the number before it, divided by the one after it.
+fraction factor_of(std::string_view before, std::string_view after, std::string_view term) {
     if (before.ends_with('*')) before.remove_suffix(1);
     fraction factor = before.empty() ? fraction(1) : parse_number(before);
-    if (behind.empty()) return factor;
-    if (behind[0] != '/') refuse(term);
-    const fraction divisor = parse_number(behind.substr(1));
+    if (after.empty()) return factor;
+    if (after[0] != '/') refuse(term);
+    const fraction divisor = parse_number(after.substr(1));
     if (divisor.is_zero()) refuse(term);
     return factor / divisor;
 }

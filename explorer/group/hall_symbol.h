@@ -27,8 +27,8 @@ struct hall_group {
 ///    any order: its axis (x, y, z; `'` for a-b and `"` for a+b, or what these are about the axis
 ///    of the rotation before; * for a+b+c), a digit for a screw, letters for a translation (a b c n
 ///    halves, u v w d quarters);
-///  - without an axis the first N is along c; the second, a 2, along a behind a 2 or 4, along a-b
-///    behind a 3 or 6; the third, a 3, along a+b+c;
+///  - without an axis the first N is along c; the second, a 2, along a after a 2 or 4, along a-b
+///    after a 3 or 6; the third, a 3, along a+b+c;
 ///  - V are the new coordinates as texts, `(x-y,x+y,z+1/4)`, or a shift in twelfths of the edges,
 ///    `(0 0 1)`: S' = V S V^-1.
 ///

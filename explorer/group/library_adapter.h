@@ -18,7 +18,7 @@ struct library_group {
     std::vector<fraction_vector> centring;  ///< the null vector first
 };
 
-/// A name of the catalogue, in the form in which it stands there.
+/// A name of the catalogue, in the form that it has there.
 struct library_name {
     int number = 0;  ///< of the group
     std::string key;
@@ -35,7 +35,7 @@ std::optional<library_name> find_library_name(const std::string& key);
 /// All names, in the order of the catalogue.
 std::vector<library_name> library_names();
 
-/// The first `count` operators of a text that has one in a line, with time reversal behind a third
+/// The first `count` operators of a text that has one in a line, with time reversal after a third
 /// comma: `-x,y,z+1/2,-1`. Translations come in [0, 1). Throws std::runtime_error for anything
 /// else.
 std::vector<symop> operators_of_lines(std::string_view lines, int count);

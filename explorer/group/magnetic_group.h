@@ -10,7 +10,7 @@
 
 namespace lomar {
 
-/// One of the 1651 magnetic space groups: what the tables tell of it. Texts last as long as the
+/// One of the 1651 magnetic space groups: what the tables say of it. Texts last as long as the
 /// program. In symbols `'` is the prime, an underscore before a digit marks a screw axis, and one
 /// before a letter the primed translation.
 struct magnetic_facts {

@@ -51,7 +51,7 @@ bool is_plainly_hall(const std::string& text) {
 }
 
 // Whether a text is rather a Hall symbol than a slip such as `P 21 2` or `P 21n`: it has axes or
-// quarters, or letters behind more than one of its rotations.
+// quarters, or letters after more than one of its rotations.
 bool may_be_hall(const std::string& text) {
     if (is_plainly_hall(text)) return true;
     const std::vector<std::string> words = words_of(text);

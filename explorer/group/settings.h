@@ -8,7 +8,7 @@
 
 namespace lomar {
 
-/// One of the 558 settings that the catalogue knows: what the tables tell of it. Texts last as long
+/// One of the 558 settings that the catalogue knows: what the tables say of it. Texts last as long
 /// as the program.
 struct setting {
     int index = 0;  ///< its place in settings()
@@ -32,8 +32,8 @@ struct setting {
 
     /// The name that finds exactly this setting: the symbol, and the choice after a colon.
     std::string name() const;
-    /// What tells it from the others of its number: choice and qualifier, `b1`, `2 cab`, `H`; may
-    /// be empty.
+    /// What distinguishes it from the others of its number: choice and qualifier, `b1`, `2 cab`,
+    /// `H`; may be empty.
     std::string variant() const;
     /// The change to the standard setting of the group's number.
     basis_change to_standard() const;

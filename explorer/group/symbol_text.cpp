@@ -19,7 +19,7 @@ struct spelling {
     std::string_view plain;
 };
 
-// What stands for one sign; `~` is a bar over the character before.
+// The spellings of one sign; `~` is a bar over the character before.
 constexpr spelling spellings[] = {
     {"\xe2\x88\x92", "-"},
     {"\xe2\x80\x90", "-"},
@@ -65,7 +65,7 @@ constexpr spelling spellings[] = {
     {"\r", " "},
 };
 
-// Bars that come after their digit: a minus goes before it.
+// Bars that come after their digit: a minus is put before it.
 void move_bars(std::string& text) {
     for (const std::string_view bar : {"~", "bar"}) {
         for (std::size_t at = text.find(bar); at != std::string::npos;

@@ -89,7 +89,7 @@ public:
         n = m;
     }
 
-    /// Starts anew with `m` elements and a first index of 0. The old block goes first: if memory
+    /// Makes a new list of `m` elements with a first index of 0. The old block is freed first: if memory
     /// runs out, the list is empty.
     void new_n(int m) {
         clear();
@@ -97,7 +97,7 @@ public:
         n = m < 1 ? 0 : m;
     }
 
-    /// Starts anew with `m` elements of zero bytes and room for no more. Only for plain elements.
+    /// Makes a new list of `m` elements of zero bytes, with room for no more. Only for plain elements.
     void new_n_zero(int m) requires is_plain_element<T> {
         set_max_n(m, false);
         n = m < 1 ? 0 : m;
@@ -164,7 +164,7 @@ public:
     /// Inserts before the element with index `i`, or appends when there is none.
     void insert_at(const T& value, int i);
 
-    /// Removes the element with index `i`; the gap is closed from behind, the capacity stays.
+    /// Removes the element with index `i`; those after it move down, the capacity stays.
     void remove_at(int i);
 
     /// Appends copies of the elements of `other`; the capacity grows exactly.

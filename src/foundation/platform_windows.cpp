@@ -16,7 +16,7 @@ const char* const platform_program_prefix = "";
 
 bool platform_is_separator(char c) { return c == '\\' || c == '/'; }
 
-// A device keeps its name with an ending behind it: AUX.sg is AUX.
+// A device keeps its name when an ending follows: AUX.sg is AUX.
 static bool is_device(const char* name) {
     string_3 stem(name);
     stem.replace_char('.', 0);

@@ -49,7 +49,7 @@ struct closure {
         queue.add(i);
     }
 
-    // Where the product of two operators stands, or not_found.
+    // The index of the product of two operators, or not_found.
     int find_product(int last, int first) const {
         xyz_op_3 product = sorted[first];
         compose(product, sorted[last]);

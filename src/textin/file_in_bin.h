@@ -28,7 +28,7 @@ public:
     int get_byte();
     int read_int();
     double read_double();
-    /// Reads what stands before a list's elements, their count and the first index, and prepares
+    /// Reads what precedes a list's elements, their count and the first index, and prepares
     /// the list: it is emptied, and takes over the index if it has one. Returns the count, at least
     /// 0. Fails with " Invalid list in" and the path if no int holds the list's last index, or if
     /// the file, where its length can be had, lacks more than a MiB of the elements.

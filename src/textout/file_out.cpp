@@ -21,7 +21,7 @@ file_out::file_out(const char* path, int open_now) {
 void file_out::close() {
     write_all();
     file_io::close();
-    incomplete_ = false;  // the next file begins anew
+    incomplete_ = false;  // the next file starts complete
 }
 
 void file_out::flush() {

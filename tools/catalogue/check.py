@@ -57,7 +57,7 @@ def run(catalogue, rotations, settings, names):
 
 
 def check_rotations(matrices, report):
-    """Twelve keys, each a proper rotation of the order that its digit tells."""
+    """Twelve keys, each a proper rotation of the order that its digit gives."""
     for key in "1a 2a 2b 2c 2d 2e 2f 2g 3c 3q 4c 6c".split():
         matrix = matrices.get(key)
         if matrix is None:

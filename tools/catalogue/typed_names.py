@@ -1,6 +1,6 @@
 """Names as users type them, with the setting that each has to find.
 
-The symbols come from the columns of the settings table; what the columns don't tell (full symbols,
+The symbols come from the columns of the settings table; what the columns lack (full symbols,
 e glides) stands here as tables taken from the literature, not derived from operators.
 """
 
