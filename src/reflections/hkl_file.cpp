@@ -161,10 +161,10 @@ void write_hkl_file_3(const char* sg_path, const char* hkl_path, int h, int k, i
         }
     }
     sort_rows_3(rows);
-    int largest = 0;
-    for (const hkl_row_3& row : rows) largest = std::max({largest, row.h, row.k, row.l});
-    hkl_stream file(hkl_path, limits, largest);
+    // An index can be larger than the limits, as -h-k is.
+    constexpr int enough = 1000;
+    hkl_stream file(hkl_path, limits, 2 * std::clamp(std::max({h, k, l}), 0, enough));
     file.begin();
-    for (const hkl_row_3& row : rows) file.rows.add(row);
+    file.rows.add(rows);
     file.end();
 }

@@ -170,8 +170,9 @@ const hkl_generator_3::class_line& hkl_generator_3::line_of(int h, int k, int l)
 hkl_generator_3::orbit hkl_generator_3::mark_inside(const class_line& line, int l) {
     orbit result = {0, 0};
     std::int64_t greatest = -1;
+    const index_grid_3::marks marks = grid_.marking();
     const auto visit = [&](std::int64_t cell, int op) {
-        if (!grid_.mark(cell)) return;
+        if (!marks.mark(cell)) return;
         ++result.count;
         if (cell > greatest) {
             greatest = cell;
@@ -183,7 +184,7 @@ hkl_generator_3::orbit hkl_generator_3::mark_inside(const class_line& line, int 
     for (int i = 0; i < half; ++i) {
         const std::int64_t cell = images[i].cell + l * images[i].cell_step;
         visit(cell, i);
-        visit(grid_.mate(cell), i + half);
+        visit(marks.mate(cell), i + half);
     }
     return result;
 }

@@ -8,6 +8,11 @@ namespace {
 constexpr int least_ready = 48;  // no multiplicity of a group is larger
 constexpr int most_ready = 999;  // below -999 a cell is wider
 
+bool is_within(int value, int most) {
+    return static_cast<unsigned>(value) + static_cast<unsigned>(most) <=
+           2 * static_cast<unsigned>(most);
+}
+
 }  // namespace
 
 hkl_row_writer_3::hkl_row_writer_3(int largest)
@@ -18,10 +23,11 @@ hkl_row_writer_3::hkl_row_writer_3(int largest)
     }
     buffer_.set_n(room);
     end_ = buffer_.block();
+    last_begin_ = end_ + room - row_room;
 }
 
 char* hkl_row_writer_3::add_cell(int value, char* out) const {
-    if (value < -most_ || value > most_) return put_cell(value, out);
+    if (!is_within(value, most_)) return put_cell(value, out);
     std::memcpy(out, ready(value), sizeof(cell));
     return out + width;
 }
@@ -33,12 +39,32 @@ void hkl_row_writer_3::pass_on() {
 }
 
 void hkl_row_writer_3::add(const hkl_row_3& row) {
-    if (end_ > buffer_.block() + room - row_room) pass_on();
-    end_ = add_cell(row.h, end_);
-    end_ = add_cell(row.k, end_);
-    end_ = add_cell(row.l, end_);
-    end_ = add_cell(row.multiplicity, end_);
+    if (end_ > last_begin_) pass_on();
+    for (const int value : {row.h, row.k, row.l, row.multiplicity}) end_ = add_cell(value, end_);
     *end_++ = '\n';
+}
+
+void hkl_row_writer_3::add(const list_0_3<hkl_row_3>& rows) {
+    // In variables, of which it is known that writing a row doesn't change them.
+    const cell* const zero = cells_.block() + most_;
+    const int most = most_;
+    char* out = end_;
+    for (const hkl_row_3& row : rows) {
+        if (out > last_begin_ || !is_within(row.h, most) || !is_within(row.k, most) ||
+            !is_within(row.l, most) || !is_within(row.multiplicity, most)) {
+            end_ = out;
+            add(row);
+            out = end_;
+            continue;
+        }
+        std::memcpy(out, zero[row.h].text, sizeof(cell));
+        std::memcpy(out + width, zero[row.k].text, sizeof(cell));
+        std::memcpy(out + 2 * width, zero[row.l].text, sizeof(cell));
+        std::memcpy(out + 3 * width, zero[row.multiplicity].text, sizeof(cell));
+        out[4 * width] = '\n';
+        out += 4 * width + 1;
+    }
+    end_ = out;
 }
 
 void hkl_row_writer_3::begin_line(int h, int k) {
@@ -48,12 +74,11 @@ void hkl_row_writer_3::begin_line(int h, int k) {
 }
 
 void hkl_row_writer_3::add_run(int l, int last, int step, int multiplicity) {
-    const auto is_ready = [&](int value) { return value >= -most_ && value <= most_; };
-    if (line_length_ != 2 * width || !is_ready(multiplicity)) {
+    if (line_length_ != 2 * width || !is_within(multiplicity, most_)) {
         for (; l <= last; l += step) add({h_, k_, l, multiplicity});
         return;
     }
-    for (; l <= last && !is_ready(l); l += step) add({h_, k_, l, multiplicity});
+    for (; l <= last && !is_within(l, most_); l += step) add({h_, k_, l, multiplicity});
     const int n_ready = l > std::min(last, most_) ? 0 : (std::min(last, most_) - l) / step + 1;
     if (n_ready != 0) add_ready_run(l, l + (n_ready - 1) * step, step, multiplicity);
     for (l += n_ready * step; l <= last; l += step) add({h_, k_, l, multiplicity});

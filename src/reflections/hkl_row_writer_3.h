@@ -1,5 +1,6 @@
 #pragma once
 
+#include "foundation/ctr_3.h"
 #include "textout/file_out.h"
 #include "textout/row_writers.h"
 
@@ -16,6 +17,7 @@ public:
     /// From now on rows go to `file`, which must stay until the end.
     void begin(file_out& file) { file_ = &file; }
     void add(const hkl_row_3& row);
+    void add(const list_0_3<hkl_row_3>& rows);
 
     /// The next rows have these two indices.
     void begin_line(int h, int k);
@@ -43,6 +45,7 @@ private:
     list_0_3<cell> cells_;
     list_0_3<char> buffer_;
     char* end_;
+    const char* last_begin_;  ///< beyond this there may be no room for a row
     char line_[2 * 16] = {};  ///< the cells of h and k
     int line_length_ = 0;
     int h_ = 0;

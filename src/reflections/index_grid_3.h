@@ -29,21 +29,29 @@ public:
     std::int64_t cell(std::int64_t h, std::int64_t k, std::int64_t l) const {
         return step(h, k, l) + origin_;
     }
-    /// The mirror image of a cell in the origin.
-    std::int64_t mate(std::int64_t cell) const { return 2 * origin_ - cell; }
+    /// What a loop that marks cells needs of the grid, in a variable of its own.
+    struct marks {
+        std::uint64_t* bits;
+        std::int64_t twice_origin;
+
+        /// The mirror image of a cell in the origin.
+        std::int64_t mate(std::int64_t cell) const { return twice_origin - cell; }
+        /// Marks a cell; true if it wasn't marked.
+        bool mark(std::int64_t cell) const {
+            std::uint64_t& word = bits[cell >> 6];
+            const std::uint64_t bit = std::uint64_t{1} << (cell & 63);
+            const bool fresh = (word & bit) == 0;
+            word |= bit;
+            return fresh;
+        }
+    };
+    marks marking() { return {bits_.block(), 2 * origin_}; }
 
     bool contains(std::int64_t index, int axis) const {
         return -half_width_[axis] <= index && index <= half_width_[axis];
     }
 
-    /// Marks a cell; true if it wasn't marked.
-    bool mark(std::int64_t cell) {
-        std::uint64_t& word = bits_.block()[cell >> 6];
-        const std::uint64_t bit = std::uint64_t{1} << (cell & 63);
-        const bool fresh = (word & bit) == 0;
-        word |= bit;
-        return fresh;
-    }
+    bool mark(std::int64_t cell) { return marking().mark(cell); }
     bool is_marked(std::int64_t cell) const {
         return (bits_.block()[cell >> 6] >> (cell & 63) & 1) != 0;
     }

@@ -76,6 +76,15 @@ bool is_class_of(const list_0_3<laue_element_3>& elements, const char* class_nam
     return same && missing == 0;
 }
 
+bool are_classes_of(const list_0_3<laue_element_3>& elements, const class_lists_3& classes) {
+    list_0_3<char> marks;
+    marks.new_n_zero(n_keys);
+    for (int i = 0; i < n_hkl_classes_3; ++i) {
+        if (!is_class_of(elements, hkl_class_names_3()[i].data, classes[i], marks)) return false;
+    }
+    return true;
+}
+
 }  // namespace
 
 bool element_less(const laue_element_3& a, const laue_element_3& b) {
@@ -91,18 +100,17 @@ bool laue_group_3::set_up(const xyz_list_3& ops, const class_lists_3& classes) {
     if (ops.n > most_elements * most_shifts || classes.n != n_hkl_classes_3) return false;
     xyz_list_3 sorted(ops);
     normalise_xyzs_3(sorted);
-    sort_xyzs_3(sorted);
-    if (!is_group_3(sorted)) return false;
-    for (const xyz_op_3& op : sorted) add_operator(op);
+    for (const xyz_op_3& op : sorted) {
+        if (!has_small_coefficients(op) || elements.n > most_elements) return false;
+        add_operator(op);
+    }
     add_negatives();
     sort(elements);
+    // Most lists that aren't those of a group show it here, at the least cost.
+    if (lattice.n > most_shifts || !are_classes_of(elements, classes)) return false;
     find_periods();
-    list_0_3<char> marks;
-    marks.new_n_zero(n_keys);
-    for (int i = 0; i < n_hkl_classes_3; ++i) {
-        if (!is_class_of(elements, hkl_class_names_3()[i].data, classes[i], marks)) return false;
-    }
-    return lattice.n <= most_shifts;
+    sort_xyzs_3(sorted);
+    return is_group_3(sorted);
 }
 
 void laue_group_3::add_operator(const xyz_op_3& op) {

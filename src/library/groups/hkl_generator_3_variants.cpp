@@ -45,7 +45,7 @@ void hkl_generator_3::mark_orbit(int h, int k, int l) {
         const std::int64_t cell = image_cell(op, h, k, l);
         if (cell < 0 || !grid_.mark(cell)) continue;
         // Cells ascend with the indices, so that a negative first index lies below the origin.
-        if ((mode_ & 1) == 0 && cell < grid_.origin()) grid_.mark(grid_.mate(cell));
+        if ((mode_ & 1) == 0 && cell < grid_.origin()) grid_.mark(grid_.marking().mate(cell));
     }
 }
 
