@@ -1,8 +1,8 @@
 #!/usr/bin/env bash
 # Measures lists of reflections against their floor, a program that starts as the tool does and
 # writes as many rows out of a table of texts: time, peak memory, instructions. The .sg files are
-# there before, and both run by turns, each into a file in the same folder. A folder in memory keeps
-# the disk out of it.
+# there before, and both run by turns and write the same file: each takes the memory or the place on
+# the disk that the other one gave back. A folder in memory keeps the disk out of it.
 #
 #     bench/hkl.sh [ROUNDS [FOLDER]]
 #
@@ -106,7 +106,7 @@ while read -r symbol stem most_10 most_50 most_100 most_200; do
         make_list "$symbol" "$limit" "$limit" "$limit"
         rows=$(($(wc -l <"$stem.hkl") - 2))
         tool_run=("$tool" "$symbol" -hkl "$limit" "$limit" "$limit")
-        floor_run=("$floor" "$limit" "$rows" floor.out)
+        floor_run=("$floor" "$limit" "$rows" "$stem.hkl")
         read -r -a times < <(time_by_turns "$runs" "$most" "${tool_run[*]@Q}" "${floor_run[*]@Q}")
         report "$symbol" "$limit" "$rows" "$most" "${times[@]}" \
             "$(peak "${tool_run[@]}")" "$(peak "${floor_run[@]}")"
@@ -114,7 +114,7 @@ while read -r symbol stem most_10 most_50 most_100 most_200; do
             notes+=("$symbol at $limit: $(count "${tool_run[@]}") instructions, the floor $(
                 count "${floor_run[@]}")")
         fi
-        rm -f "$stem.hkl" floor.out
+        rm -f "$stem.hkl"
     done
 done <<END
 P_1 p1 1.6 1.2 1.15 1.1

@@ -115,8 +115,7 @@ public:
     void begin() {
         file_io::open(open_or_throw);
         std::setvbuf(file, nullptr, _IONBF, 0);
-        *this << head_.text();
-        rows.begin(*this);
+        rows.begin(*this, head_.text());
     }
 
     // The brace is what tells that a list is complete.

@@ -21,9 +21,14 @@ hkl_row_writer_3::hkl_row_writer_3(int largest)
     for (int value = -most_; value <= most_; ++value) {
         put_cell(value, cells_[value + most_].text);
     }
-    buffer_.set_n(room);
+    buffer_.set_n(room + row_room);
     end_ = buffer_.block();
-    last_begin_ = end_ + room - row_room;
+    full_ = end_ + room;
+}
+
+void hkl_row_writer_3::begin(file_out& file, const char* head) {
+    file_ = &file;
+    end_ = std::copy(head, head + std::strlen(head), buffer_.block());
 }
 
 char* hkl_row_writer_3::add_cell(int value, char* out) const {
@@ -33,13 +38,15 @@ char* hkl_row_writer_3::add_cell(int value, char* out) const {
 }
 
 void hkl_row_writer_3::pass_on() {
-    *file_ << char_range_3{buffer_.block(), end_};
-    end_ = buffer_.block();
+    char* const begin = buffer_.block();
+    const char* const end = std::min<const char*>(end_, full_);
+    *file_ << char_range_3{begin, end};
+    end_ = std::copy(end, static_cast<const char*>(end_), begin);
     if (file_->is_incomplete()) file_->finish();
 }
 
 void hkl_row_writer_3::add(const hkl_row_3& row) {
-    if (end_ > last_begin_) pass_on();
+    if (end_ >= full_) pass_on();
     for (const int value : {row.h, row.k, row.l, row.multiplicity}) end_ = add_cell(value, end_);
     *end_++ = '\n';
 }
@@ -50,7 +57,7 @@ void hkl_row_writer_3::add(const list_0_3<hkl_row_3>& rows) {
     const int most = most_;
     char* out = end_;
     for (const hkl_row_3& row : rows) {
-        if (out > last_begin_ || !is_within(row.h, most) || !is_within(row.k, most) ||
+        if (out >= full_ || !is_within(row.h, most) || !is_within(row.k, most) ||
             !is_within(row.l, most) || !is_within(row.multiplicity, most)) {
             end_ = out;
             add(row);
@@ -91,12 +98,9 @@ void hkl_row_writer_3::add_ready_run(int l, int last, int step, int multiplicity
     std::memcpy(tail.text, ready(multiplicity), sizeof tail);
     tail.text[width] = '\n';
     while (l <= last) {
-        const auto free = buffer_.block() + room - row_room - end_;
-        if (free < row_length) {
-            pass_on();
-            continue;
-        }
-        const int n = std::min((last - l) / step + 1, static_cast<int>(free / row_length));
+        if (end_ >= full_) pass_on();
+        const auto free = static_cast<int>(full_ - end_);
+        const int n = std::min((last - l) / step + 1, (free - 1) / row_length + 1);
         char* out = end_;
         const char* third = ready(l);
         for (int i = 0; i < n; ++i) {

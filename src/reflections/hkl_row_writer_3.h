@@ -7,15 +7,17 @@
 /// Composes the lines of a .hkl file, which are those of write_row_4 with line ends, in large
 /// pieces out of ready texts for the numbers. All memory is taken at the start. The pieces go to a
 /// file when they are full, and the last one with `end`: without that it is lost, since a
-/// destructor must not write. When the system can't write a piece, this fails as file_out::finish
-/// does, and rows are no longer taken for nothing.
+/// destructor must not write. They are whole pages of the file, which a system takes with less
+/// work. When the system can't write a piece, this fails as file_out::finish does, and rows are no
+/// longer taken for nothing.
 class hkl_row_writer_3 {
 public:
     /// Texts will be ready for numbers up to `largest` in size, if that isn't too many.
     explicit hkl_row_writer_3(int largest);
 
-    /// From now on rows go to `file`, which must stay until the end.
-    void begin(file_out& file) { file_ = &file; }
+    /// From now on rows go to `file`, which must stay until the end and is empty as yet; `head`, of
+    /// at most 64 characters, comes before them.
+    void begin(file_out& file, const char* head);
     void add(const hkl_row_3& row);
     void add(const list_0_3<hkl_row_3>& rows);
 
@@ -25,7 +27,9 @@ public:
     void add_run(int l, int last, int step, int multiplicity);
 
     /// Passes on what is left.
-    void end() { pass_on(); }
+    void end() {
+        while (end_ != buffer_.block()) pass_on();
+    }
 
 private:
     struct cell {
@@ -45,7 +49,7 @@ private:
     list_0_3<cell> cells_;
     list_0_3<char> buffer_;
     char* end_;
-    const char* last_begin_;  ///< beyond this there may be no room for a row
+    const char* full_;        ///< no row begins here or beyond
     char line_[2 * 16] = {};  ///< the cells of h and k
     int line_length_ = 0;
     int h_ = 0;
