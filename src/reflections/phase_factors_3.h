@@ -29,7 +29,6 @@ public:
 
     /// The number of values in the table for small m, a power of two.
     int block() const { return low_.n; }
-    int block_shift() const { return shift_; }
 
 private:
     list_0_3<phase_factor_3> low_;

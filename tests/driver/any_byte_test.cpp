@@ -1,6 +1,7 @@
 #include <filesystem>
 #include <gtest/gtest.h>
 #include <string>
+#include <vector>
 
 #include "driver/sg_driver_3.h"
 #include "foundation/platform.h"
@@ -10,11 +11,11 @@
 
 namespace {
 
-std::string console_of(const std::string& symbol) {
+std::string console_of(std::vector<const char*> words) {
     sstring_out console;
     push_console_stream(console);
-    const char* const arguments[] = {"lomar6", symbol.c_str()};
-    sg_driver_3().run(2, arguments);
+    words.insert(words.begin(), "lomar6");
+    sg_driver_3().run(static_cast<int>(words.size()), words.data());
     pop_console_stream();
     return console.text();
 }
@@ -34,11 +35,21 @@ TEST(Driver, AnyByteAsSymbol) {
                                      : letter                         ? not_found
                                      : c >= '1' && c <= '9'           ? ""
                                                                       : bad_symbol;
-        EXPECT_EQ(console_of(std::string(1, c)), expected) << byte;
+        EXPECT_EQ(console_of({text}), expected) << byte;
         const bool names_file = c == '/' || c == ':' || platform_can_name_file(text);
-        EXPECT_EQ(console_of("P9" + std::string(1, c)), names_file ? not_found : bad_symbol)
+        EXPECT_EQ(console_of({("P9" + std::string(text)).c_str()}),
+                  names_file ? not_found : bad_symbol)
             << byte;
     }
+}
+
+TEST(Driver, AMarkerIsThatOfItsRun) {
+    const scratch_dir dir;
+    const std::string failure = " Cannot open file lomar5.txt\n";
+    EXPECT_EQ(console_of({"P_1", "-e", "first"}), failure);
+    EXPECT_TRUE(std::filesystem::remove("first"));
+    EXPECT_EQ(console_of({"P_1"}), failure);
+    EXPECT_FALSE(std::filesystem::exists("first"));
 }
 
 }  // namespace

@@ -62,6 +62,7 @@ TEST(Strings, OperationsInPlace) {
                 {"\"", "", [](string_3& s) { s.unquote(); }},
                 {"\"a", "a", [](string_3& s) { s.unquote(); }},
                 {"a\"", "a\"", [](string_3& s) { s.unquote(); }},
+                {"ab", "abab", [](string_3& s) { s.append(s.data); }},
                 {"aaaa", "a", [](string_3& s) { EXPECT_EQ(s.replace_all("aa", "a"), 3); }},
                 {"aaabcd", "aax", [](string_3& s) { s.replace_all(s.data + 2, "x"); }},
                 {"aabc", "bcbcbc", [](string_3& s) { s.replace_all("a", s.data + 2); }},

@@ -24,5 +24,3 @@ inline double_pair_3 firsts(double_pair_3 a, double_pair_3 b) {
 inline double_pair_3 seconds(double_pair_3 a, double_pair_3 b) {
     return __builtin_shufflevector(a, b, 1, 3);
 }
-
-inline double_pair_3 swapped(double_pair_3 a) { return __builtin_shufflevector(a, a, 1, 0); }

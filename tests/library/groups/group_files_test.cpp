@@ -91,6 +91,11 @@ TEST_F(GroupFiles, MissingOnes) {
         EXPECT_EQ(console, row.console);
         EXPECT_EQ(n_runs, row.makes == "nothing" ? 2 : row.runs);
     }
+    write_file(file, "xyzs /*");
+    xyz_list_3 ops;
+    string_3 path;
+    EXPECT_EQ(run("", [&] { load_group_xyzs_3(ops, path, "P_21/c"); }), " Unclosed comment block");
+    EXPECT_EQ(console, "") << "nothing is loaded";
 }
 
 TEST_F(GroupFiles, SymbolsThatAreNotRun) {
