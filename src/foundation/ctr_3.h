@@ -89,15 +89,16 @@ public:
         n = m;
     }
 
-    /// Makes a new list of `m` elements with a first index of 0. The old block is freed first: if memory
-    /// runs out, the list is empty.
+    /// Makes a new list of `m` elements with a first index of 0. The old block is freed first: if
+    /// memory runs out, the list is empty.
     void new_n(int m) {
         clear();
         set_max_n(m, false);
         n = m < 1 ? 0 : m;
     }
 
-    /// Makes a new list of `m` elements of zero bytes, with room for no more. Only for plain elements.
+    /// Makes a new list of `m` elements of zero bytes, with room for no more. Only for plain
+    /// elements.
     void new_n_zero(int m) requires is_plain_element<T> {
         set_max_n(m, false);
         n = m < 1 ? 0 : m;

@@ -10,14 +10,10 @@
 #include "foundation/platform.h"
 #include "foundation/string_3.h"
 
-const char platform_separator = '\\';
-
-const char* const platform_program_prefix = "";
-
-bool platform_is_separator(char c) { return c == '\\' || c == '/'; }
+namespace {
 
 // A device keeps its name when an ending follows: AUX.sg is AUX.
-static bool is_device(const char* name) {
+bool is_device(const char* name) {
     string_3 stem(name);
     stem.replace_char('.', 0);
     stem.to_lower();
@@ -27,6 +23,14 @@ static bool is_device(const char* name) {
     const bool has_number = text_starts(stem.data, "com") || text_starts(stem.data, "lpt");
     return has_number && stem.length() == 4 && stem.data[3] >= '0' && stem.data[3] <= '9';
 }
+
+}  // namespace
+
+const char platform_separator = '\\';
+
+const char* const platform_program_prefix = "";
+
+bool platform_is_separator(char c) { return c == '\\' || c == '/'; }
 
 bool platform_can_name_file(const char* name) {
     for (const char* c = name; *c != 0; ++c) {

@@ -7,6 +7,12 @@
 
 #include "foundation/string_out.h"
 
+namespace {
+
+const char* locale_point() { return std::localeconv()->decimal_point; }
+
+}  // namespace
+
 int text_less(const char* a, const char* b) {
     while (*a == *b && *a != 0) {
         ++a;
@@ -35,8 +41,6 @@ int int_of_text(const char* text) {
     if (value < std::numeric_limits<int>::min()) return std::numeric_limits<int>::min();
     return static_cast<int>(value);
 }
-
-static const char* locale_point() { return std::localeconv()->decimal_point; }
 
 double double_of_text(const char* text) {
     const char* const point = locale_point();
