@@ -3,9 +3,10 @@
 //     identify_cases [ROUNDS [SEED]]
 //
 // Each round takes each setting and each magnetic group once for every disguise (another basis, a
-// primitive cell, a larger cell, generators alone), with a random origin, shuffled, with lattice
-// translations added, written as one kind of input after the other and read back. A case is right
-// if the number is, and if the operators go over into those of the setting found.
+// primitive cell, a larger cell, generators alone) in right-handed and in left-handed axes, with a
+// random origin, shuffled, with lattice translations added, written as one kind of input after the
+// other and read back. A case is right if the number is, that of the enantiomorph in left-handed
+// axes, and if a right-handed change takes the operators onto those of the setting found.
 
 #include <algorithm>
 #include <chrono>
@@ -62,11 +63,17 @@ std::string as_input(const input_form& form, const std::vector<given_operator>& 
     return text + form.end;
 }
 
+// Whether the change, the last part of which was found, takes a group onto another.
 bool goes_over(const std::vector<symop>& group, const basis_change& change,
-               const std::vector<symop>& into) {
+               const basis_change& found, const std::vector<symop>& into) {
     const std::set<symop> wanted(into.begin(), into.end());
+    const fraction cells(static_cast<std::int64_t>(group.size()),
+                         static_cast<std::int64_t>(into.size()));
+    const fraction volume = determinant(change.matrix) * determinant(found.matrix) * cells;
+    if (determinant(found.matrix) < fraction(0)) return false;
+    if (volume != fraction(1) && volume != fraction(-1)) return false;
     return std::all_of(group.begin(), group.end(), [&](const symop& op) {
-        return wanted.contains(modulo_lattice(transformed(op, change)));
+        return wanted.contains(modulo_lattice(transformed(op, change * found)));
     });
 }
 
@@ -81,7 +88,7 @@ public:
         }
         long wrong = 0;
         for (const auto& [name, one] : figures_) {
-            std::printf("%-32s %8ld cases %8ld right   mean %6.2f ms   longest %6.1f ms\n",
+            std::printf("%-36s %8ld cases %8ld right   mean %6.2f ms   longest %6.1f ms\n",
                         name.c_str(), one.cases, one.right,
                         one.seconds / static_cast<double>(one.cases) * 1e3, one.longest * 1e3);
             wrong += one.cases - one.right;
@@ -127,32 +134,45 @@ private:
                     text.c_str());
     }
 
+    // Does something with each disguise in right-handed, then in left-handed axes.
+    template <typename Action>
+    static void with_disguises(const std::string& what, const Action& action) {
+        for (const auto& [kind, name] : disguises) {
+            action(what + ", " + name, kind, hand::right);
+            action(what + ", " + name + ", left", kind, hand::left);
+        }
+    }
+
     void try_setting(const setting& row) {
         const space_group group = group_of(row);
-        for (const auto& [kind, name] : disguises) {
-            const basis_change change = random_.change(group.centring, kind);
+        with_disguises("space group", [&](const std::string& what, disguise kind, hand axes) {
+            const basis_change change = random_.change(group.centring, kind, axes);
             const auto given = random_.operators(group.operators, change, kind);
+            const bool turned = axes == hand::left && row.enantiomorph != 0;
+            const int number = turned ? row.enantiomorph : row.number;
             const auto check = [&](const identify_report& report) {
-                if (!report.space || report.space->row->number != row.number) return false;
-                return goes_over(group.operators, change * report.space->change,
+                if (!report.space || report.space->row->number != number) return false;
+                return goes_over(group.operators, change, report.space->change,
                                  group_of(*report.space->row).operators);
             };
-            try_case(std::string("space group, ") + name, false, given, row.name(), check);
-        }
+            try_case(what, false, given, row.name(), check);
+        });
     }
 
     void try_magnetic(const magnetic_facts& row) {
         const magnetic_group group = group_of(row);
-        for (const auto& [kind, name] : disguises) {
-            const basis_change change = random_.change(group.centring, kind);
+        with_disguises("magnetic group", [&](const std::string& what, disguise kind, hand axes) {
+            const basis_change change = random_.change(group.centring, kind, axes);
             const auto given = random_.operators(group.operators, change, kind);
+            // No two rows are one group, so that the operators decide in left-handed axes.
             const auto check = [&](const identify_report& report) {
-                if (!report.magnetic || report.magnetic->row != &row) return false;
-                return goes_over(group.operators, change * report.magnetic->change,
-                                 group.operators);
+                if (!report.magnetic) return false;
+                if (axes == hand::right && report.magnetic->row != &row) return false;
+                return goes_over(group.operators, change, report.magnetic->change,
+                                 group_of(*report.magnetic->row).operators);
             };
-            try_case(std::string("magnetic group, ") + name, true, given, row.bns_number, check);
-        }
+            try_case(what, true, given, row.bns_number, check);
+        });
     }
 
     random_groups random_;

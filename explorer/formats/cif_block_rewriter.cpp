@@ -38,6 +38,32 @@ std::optional<std::size_t> old_axis(const fraction_matrix& matrix, std::size_t j
     return found;
 }
 
+// Whether an item hangs on axes or origin and is not rewritten.
+bool stays_in_old_axes(std::string_view tag) {
+    constexpr std::string_view starts[] = {"_atom_site_cartn_",
+                                           "_atom_sites_cartn_",
+                                           "_atom_sites_fract_",
+                                           "_cell_reciprocal_",
+                                           "_diffrn_orient_matrix_ub_",
+                                           "_diffrn_orient_refln_",
+                                           "_diffrn_reflns_limit_",
+                                           "_diffrn_reflns_transf_matrix_",
+                                           "_iucr_refine_instructions",
+                                           "_iucr_refine_reflections",
+                                           "_refln_a_",
+                                           "_refln_b_",
+                                           "_refln_phase_",
+                                           "_reflns_limit_",
+                                           "_shelx_hkl_file",
+                                           "_shelx_res_file",
+                                           "_space_group_wyckoff_",
+                                           "_twin_individual_twin_matrix_"};
+    const bool is_code = tag.starts_with("_geom_") || tag.starts_with("_restr_");
+    if (is_code && tag.find("_site_symmetry") != std::string_view::npos) return true;
+    return std::ranges::any_of(starts,
+                               [&](std::string_view word) { return tag.starts_with(word); });
+}
+
 }  // namespace
 
 const cif_token* cif_block_rewriter::single(std::string_view tag) const {
@@ -67,11 +93,7 @@ void cif_block_rewriter::put(const cif_token& token, const std::string& text) {
 void cif_block_rewriter::rewrite(const space_group& old_group, const space_group& new_group,
                                  const basis_change& change) {
     const fraction factor = determinant(change.matrix);
-    edits_.replace(section_.head, section_.head,
-                   "\n# In other axes: (" + basis_text(change) + "), origin " +
-                       text(change.origin) +
-                       ".\n# Symmetry codes, orientation and other items that hang on axes are as "
-                       "they were.");
+    add_note(change);
     rewrite_cell(change);
     rewrite_volume_and_z(factor);
     rewrite_symbols(old_group, new_group, change);
@@ -83,6 +105,18 @@ void cif_block_rewriter::rewrite(const space_group& old_group, const space_group
         multiply_column(table, "_atom_site_symmetry_multiplicity", factor);
         multiply_column(table, "_atom_site_site_symmetry_multiplicity", factor);
     }
+}
+
+void cif_block_rewriter::add_note(const basis_change& change) {
+    std::string note =
+        "\n# In other axes: (" + basis_text(change) + "), origin " + text(change.origin) + ".";
+    for (const cif_table& table : section_.tables) {
+        for (std::size_t i = 0; i < table.tags.size(); ++i) {
+            if (!stays_in_old_axes(table.tags[i])) continue;
+            note += "\n# Not changed, and so in the old axes: " + table.names[i];
+        }
+    }
+    edits_.replace(section_.head, section_.head, note);
 }
 
 void cif_block_rewriter::rewrite_cell(const basis_change& change) {
@@ -204,25 +238,27 @@ void cif_block_rewriter::rewrite_positions(const cif_table& table, const basis_c
     const fraction_matrix back = inverse(change.matrix);
     for (std::size_t row = 0; row < table.n_rows(); ++row) {
         std::array<cif_number, 3> old{};
-        bool whole = true;
+        std::array<bool, 3> known{};
         for (std::size_t i = 0; i < 3; ++i) {
             const std::optional<cif_number> number = number_at(table.at(row, columns[i]));
-            whole = whole && number.has_value();
+            known[i] = number.has_value();
             old[i] = number.value_or(cif_number());
         }
-        if (!whole) continue;
+        if (known == std::array<bool, 3>{}) continue;
         const fraction_vector point =
             transformed({old[0].value, old[1].value, old[2].value}, change);
         for (std::size_t i = 0; i < 3; ++i) {
             double variance = 0;
             int decimals = 0;
+            bool unknown = false;
             for (std::size_t j = 0; j < 3; ++j) {
                 if (back[i][j].is_zero()) continue;
+                unknown = unknown || !known[j];
                 variance += std::pow(back[i][j].to_double() * old[j].uncertainty, 2);
                 decimals = std::max(decimals, old[j].decimals);
             }
             put(table.at(row, columns[i]),
-                cif_number_text(point[i], decimals, std::sqrt(variance)));
+                unknown ? "?" : cif_number_text(point[i], decimals, std::sqrt(variance)));
         }
     }
 }
@@ -276,15 +312,19 @@ void cif_block_rewriter::rewrite_displacements(const cif_table& table, const std
     const auto map = tensor_map(inverse(change.matrix), old_lengths, new_lengths);
     for (std::size_t row = 0; row < table.n_rows(); ++row) {
         std::array<cif_number, 6> old{};
-        bool whole = true;
+        std::size_t known = 0;
         int decimals = 0;
         for (std::size_t i = 0; i < 6; ++i) {
             const std::optional<cif_number> number = number_at(table.at(row, columns[i]));
-            whole = whole && number.has_value();
+            known += number.has_value() ? 1 : 0;
             old[i] = number.value_or(cif_number());
             decimals = std::max(decimals, old[i].decimals);
         }
-        if (!whole) continue;
+        if (known == 0) continue;
+        if (known < 6) {
+            for (const std::size_t column : columns) put(table.at(row, column), "?");
+            continue;
+        }
         for (std::size_t to = 0; to < 6; ++to) {
             double value = 0, variance = 0;
             for (std::size_t from = 0; from < 6; ++from) {

@@ -23,6 +23,8 @@ public:
                  const basis_change& change);
 
 private:
+    /// What was done, and what was left, as comments after the name of the block.
+    void add_note(const basis_change& change);
     void rewrite_cell(const basis_change& change);
     void rewrite_volume_and_z(const fraction& factor);
     void rewrite_symbols(const space_group& old_group, const space_group& new_group,

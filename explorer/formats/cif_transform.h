@@ -14,11 +14,13 @@ using axes_choice = std::function<basis_change(const space_group& group)>;
 
 /// A CIF in other axes. In every block that lists operators the cell with its volume and Z, the
 /// symbols, the operators, positions, anisotropic displacements (U, B or beta), multiplicities and
-/// lists of reflection indices are rewritten; all else keeps its bytes, and a comment after the
-/// name of the block says what was done.
+/// lists of reflection indices are rewritten; all else keeps its bytes. Comments after the name of
+/// the block say what was done, and name the items that hang on axes all the same: symmetry codes
+/// of distances, orientation matrices, phases, files of a refinement.
 ///
-/// Standard uncertainties go over as those of independent quantities. Wyckoff letters become `?`
-/// where the new setting's convention may name other ones.
+/// What would need a number that isn't known becomes `?`. Standard uncertainties go over as those
+/// of independent quantities. Wyckoff letters become `?` where the new setting's convention may
+/// name other ones.
 ///
 /// Throws std::runtime_error with one line when the text is no CIF, lists no operators, contradicts
 /// itself in the number of its group, has a number that can't be read in one of these places, or

@@ -43,7 +43,9 @@ _atom_site_aniso_U_12
 _atom_site_aniso_U_13
 _atom_site_aniso_U_23
 O1 0.010(1) 0.02 0.03 0.001 0.004 0.003
+C2 0.02 0.02 0.02 ? ? ?
 loop_ _refln_index_h _refln_index_k _refln_index_l 1 2 3
+_geom_bond_site_symmetry_2 2_555
 data_two
 _kept 'as it is'
 )";
@@ -54,12 +56,13 @@ TEST(CifTransform, AxesOfAnotherCellChoice) {
     // By hand: x' = -z, z' = x - z; beta tensors go as the products of coordinates.
     const std::string found = transformed_cif(sample, to_n);
     for (const char* piece :
-         {"# kept\ndata_one\n# In other axes: (-a-c,b,a), origin 0,0,0.",
+         {"# kept\ndata_one\n# In other axes: (-a-c,b,a), origin 0,0,0.\n"
+          "# Not changed, and so in the old axes: _geom_bond_site_symmetry_2\n",
           "_cell_length_b   5.00(1)\n", "_cell_length_c 10.000(2)\n", "_cell_volume 375.9\n",
           "_symmetry_space_group_name_H-M 'P 1 21/n 1'   # a comment\n",
           "; loop_ _cell_length_a\n kept\n;\n", "\n-x+1/2,y+1/2,-z+1/2\n",
-          "O1 -0.3000(4) 0.25 -0.2000(5)\n", "C2 0.5 ? 0\n", "_refln_index_l -4 2 1\n",
-          "data_two\n_kept 'as it is'\n"}) {
+          "O1 -0.3000(4) 0.25 -0.2000(5)\n", "C2 0 ? 0.5\n", "_refln_index_l -4 2 1\n",
+          "\nC2 ? ? ? ? ? ?\n", "_geom_bond_site_symmetry_2 2_555\ndata_two\n_kept 'as it is'\n"}) {
         EXPECT_NE(found.find(piece), std::string::npos) << piece << "\nin\n" << found;
     }
     const std::string back = transformed_cif(found, [](const space_group&) {

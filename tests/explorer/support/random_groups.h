@@ -17,14 +17,18 @@ enum class disguise {
     generators   ///< a primitive cell, a few operators that make all others
 };
 
+/// The hand of the new axes.
+enum class hand { right, left };
+
 /// Makes groups in random axes and with random origins, from a seed.
 class random_groups {
 public:
     explicit random_groups(unsigned seed) : engine_(seed) {}
 
-    /// A right-handed change of axes and origin that the disguise allows: matrix entries up to some
-    /// tens, shifts in parts of 1 to 24.
-    basis_change change(const std::vector<fraction_vector>& centring, disguise kind) {
+    /// A change of axes and origin that the disguise allows: matrix entries up to some tens, shifts
+    /// in parts of 1 to 24.
+    basis_change change(const std::vector<fraction_vector>& centring, disguise kind,
+                        hand axes = hand::right) {
         basis_change result;
         if (kind == disguise::primitive || kind == disguise::generators) {
             translation_lattice lattice;
@@ -37,6 +41,10 @@ public:
             const std::size_t i = index(3), j = (i + 1 + index(2)) % 3;
             const fraction multiple(below(5) - 2);
             for (auto& row : result.matrix) row[i] += row[j] * multiple;
+        }
+        if (axes == hand::left) {
+            const std::size_t i = index(3);
+            for (auto& row : result.matrix) row[i] *= fraction(-1);
         }
         const int den = 1 + below(24);
         for (fraction& part : result.origin) part = fraction(below(den), den);
