@@ -1,6 +1,9 @@
 # Writes a source that holds a text file:
 #
-#     cmake -DNAME=catalogue_data -DINPUT=lomar5.txt -DOUTPUT=catalogue_data.cpp -P embed_text.cmake
+#     cmake -DNAME=catalogue_data -DHEADER=group/embedded_data.h -DINPUT=lomar5.txt
+#           -DOUTPUT=catalogue_data.cpp -P embed_text.cmake
+#
+# The header declares the text.
 
 file(READ "${INPUT}" text)
 # Raw strings of a size that every compiler takes, joined by the compiler.
@@ -13,7 +16,7 @@ while(begin LESS length)
     math(EXPR begin "${begin} + 16000")
 endwhile()
 file(WRITE "${OUTPUT}"
-"#include \"group/embedded_data.h\"
+"#include \"${HEADER}\"
 
 #ifdef __GNUC__
 #pragma GCC diagnostic ignored \"-Woverlength-strings\"

@@ -8,6 +8,8 @@
 - Headers of an operating system, and conditions on one, stand in the platform files alone.
 - A file under explorer/ includes only files of its own room and of rooms below it; the library is
   for the adapter alone, and each of the further libraries for the rooms that it is there for.
+- No file under explorer/ that is compiled for the browser uses algorithms of std::ranges, which the
+  C++ library of that compiler lacks.
 - A source defines members of classes that it or its own header declares, and of the class that its
   name begins with.
 - Every header begins with #pragma once, and headers don't include each other in a circle.
@@ -103,12 +105,20 @@ def check_source(src, path, headers, graph):
                 yield f"{place}: {layer} must not include {layer_of(used)} ({used})"
 
 
+def lines_with_ranges(explorer, path):
+    text = strip_comments(explorer / path)
+    for match in re.finditer(r"\bstd::ranges::", text):
+        yield f"explorer/{path}:{text.count(chr(10), 0, match.start()) + 1}: std::ranges"
+
+
 def check_explorer_source(explorer, path, headers, src_headers, graph):
     """Yields the faults of one file under explorer/ and enters its includes into the graph."""
     room = layer_of(path)
     if room not in ROOMS:
         yield f"explorer/{path}:1: {room}/ is no room"
         return
+    if room != "command":
+        yield from lines_with_ranges(explorer, path)
     for number, line in directives(explorer / path):
         place = f"explorer/{path}:{number}"
         condition = CONDITION.match(line)

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <compare>
 #include <string>
 #include <vector>
 
@@ -38,7 +39,7 @@ private:
     struct cause_name {
         int rank;
         std::string text;
-        friend auto operator<=>(const cause_name& a, const cause_name& b) = default;
+        friend std::strong_ordering operator<=>(const cause_name& a, const cause_name& b) = default;
     };
 
     bool from_centring(const hkl_class& which, const fraction_vector& phases) const;

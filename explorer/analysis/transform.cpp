@@ -16,7 +16,8 @@ namespace {
 void check_axes(const space_group& group, const basis_change& change) {
     for (std::size_t j = 0; j < 3; ++j) {
         const fraction_vector edge = modulo_one(column(change.matrix, j));
-        if (std::ranges::find(group.centring, edge) != group.centring.end()) continue;
+        if (std::find(group.centring.begin(), group.centring.end(), edge) != group.centring.end())
+            continue;
         throw std::domain_error(std::string("the new axis ") + "abc"[j] +
                                 " is no lattice translation of " + group.name);
     }
@@ -24,7 +25,9 @@ void check_axes(const space_group& group, const basis_change& change) {
     for (const symop& op : group.representatives()) {
         const fraction_matrix rot = back * to_fractions(op.rot) * change.matrix;
         for (const auto& row : rot) {
-            if (std::ranges::all_of(row, &fraction::is_integer)) continue;
+            if (std::all_of(row.begin(), row.end(),
+                            [](const fraction& f) { return f.is_integer(); }))
+                continue;
             throw std::domain_error("the new axes lose " + xyz_text(op) + " of " + group.name);
         }
     }

@@ -1,5 +1,4 @@
 #include <CLI/App.hpp>
-#include <cctype>
 #include <cmath>
 #include <fmt/format.h>
 
@@ -16,17 +15,6 @@ struct drawn_group {
     std::string name;
     std::vector<symop> operators;
 };
-
-// A prime, an underscore before a letter, or two numbers with a point: what no name of a space
-// group has.
-bool looks_magnetic(const std::string& symbol) {
-    for (std::size_t i = 0; i < symbol.size(); ++i) {
-        const auto next = static_cast<unsigned char>(i + 1 < symbol.size() ? symbol[i + 1] : ' ');
-        if (symbol[i] == '\'' || (symbol[i] == '.' && std::isdigit(next) != 0)) return true;
-        if (symbol[i] == '_' && std::isalpha(next) != 0) return true;
-    }
-    return false;
-}
 
 drawn_group magnetic_of(const std::string& symbol) {
     const magnetic_facts& row = find_magnetic(symbol);

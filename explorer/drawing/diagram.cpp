@@ -27,7 +27,7 @@ void write_head(svg_writer& out, const diagram_options& options, double width, d
     if (options.standalone) out.attribute("xmlns", "http://www.w3.org/2000/svg");
     out.attribute("class", "lomar-diagram");
     out.attribute("viewBox", "0 0 " + svg_number(width) + " " + svg_number(height));
-    if (options.standalone) out.attribute("width", width).attribute("height", height);
+    out.attribute("width", width).attribute("height", height);
     out.attribute("role", "img");
     const std::string title = options.prefix + "title";
     const std::string desc = options.prefix + "desc";

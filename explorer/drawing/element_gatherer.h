@@ -21,13 +21,13 @@ private:
     struct line_key {
         int_vector direction{};
         std::array<std::int64_t, 2> place{};  // piercing point; of a flat axis offset and height
-        friend auto operator<=>(const line_key&, const line_key&) = default;
+        friend std::strong_ordering operator<=>(const line_key&, const line_key&) = default;
     };
     struct plane_key {
         int_vector plane{};
         std::int64_t offset = 0;
         int time = 1;
-        friend auto operator<=>(const plane_key&, const plane_key&) = default;
+        friend std::strong_ordering operator<=>(const plane_key&, const plane_key&) = default;
     };
     struct plane_group {
         scaled_vector glide{};

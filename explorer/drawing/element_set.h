@@ -1,5 +1,6 @@
 #pragma once
 
+#include <compare>
 #include <optional>
 #include <span>
 #include <string>
@@ -20,7 +21,7 @@ symop to_view(const symop& op, int axis);
 struct page_line {
     std::array<int, 2> line{};
     fraction offset;
-    friend auto operator<=>(const page_line&, const page_line&) = default;
+    friend std::strong_ordering operator<=>(const page_line&, const page_line&) = default;
 };
 
 /// An axis normal to the page, an inversion centre (direction 0 0 0 for both), or an axis inclined

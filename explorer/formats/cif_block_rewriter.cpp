@@ -18,7 +18,7 @@ constexpr std::array<std::string_view, 3> operator_tags = {
 
 template <std::size_t N>
 bool is_one_of(std::string_view tag, const std::array<std::string_view, N>& tags) {
-    return std::ranges::find(tags, tag) != tags.end();
+    return std::find(tags.begin(), tags.end(), tag) != tags.end();
 }
 
 std::string quoted(std::string_view text) {
@@ -60,8 +60,8 @@ bool stays_in_old_axes(std::string_view tag) {
                                            "_twin_individual_twin_matrix_"};
     const bool is_code = tag.starts_with("_geom_") || tag.starts_with("_restr_");
     if (is_code && tag.find("_site_symmetry") != std::string_view::npos) return true;
-    return std::ranges::any_of(starts,
-                               [&](std::string_view word) { return tag.starts_with(word); });
+    return std::any_of(std::begin(starts), std::end(starts),
+                       [&](std::string_view word) { return tag.starts_with(word); });
 }
 
 }  // namespace

@@ -80,7 +80,7 @@ void add_tag(std::string_view text, const cif_token& token, cif_table& table) {
     const std::string_view name = text.substr(token.begin, token.end - token.begin);
     table.names.emplace_back(name);
     std::string tag = lower(name);
-    std::ranges::replace(tag, '.', '_');
+    std::replace(tag.begin(), tag.end(), '.', '_');
     table.tags.push_back(std::move(tag));
 }
 
@@ -105,7 +105,7 @@ cif_table read_table(std::string_view text, const std::vector<cif_token>& tokens
 }  // namespace
 
 int cif_table::column(std::string_view tag) const {
-    const auto found = std::ranges::find(tags, tag);
+    const auto found = std::find(tags.begin(), tags.end(), tag);
     return found == tags.end() ? -1 : static_cast<int>(found - tags.begin());
 }
 
@@ -138,7 +138,8 @@ std::string_view cif_plain(std::string_view text, const cif_token& token) {
 }
 
 int line_of(std::string_view text, std::size_t place) {
-    return 1 + static_cast<int>(std::ranges::count(text.substr(0, place), '\n'));
+    return 1 + static_cast<int>(std::count(
+                   text.begin(), text.begin() + static_cast<std::ptrdiff_t>(place), '\n'));
 }
 
 void text_edits::replace(std::size_t begin, std::size_t end, std::string text) {
@@ -146,7 +147,8 @@ void text_edits::replace(std::size_t begin, std::size_t end, std::string text) {
 }
 
 std::string text_edits::applied_to(std::string_view text) {
-    std::ranges::stable_sort(edits_, {}, &edit::begin);
+    std::stable_sort(edits_.begin(), edits_.end(),
+                     [](const edit& a, const edit& b) { return a.begin < b.begin; });
     std::string result;
     std::size_t at = 0;
     for (const edit& change : edits_) {

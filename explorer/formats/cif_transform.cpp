@@ -68,7 +68,9 @@ std::string transformed_cif(const std::string& text, const axes_choice& axes) {
     text_edits edits;
     for (const cif_section& section : cif_sections(text)) {
         const std::string name = section.name.substr(std::string_view("data_").size());
-        const auto block = std::ranges::find(blocks, name, &operator_block::name);
+        const auto block =
+            std::find_if(blocks.begin(), blocks.end(),
+                         [&](const operator_block& each) { return each.name == name; });
         if (block == blocks.end()) continue;
         const space_group old_group = group_of_block(*block);
         const basis_change change = axes(old_group);

@@ -66,7 +66,8 @@ int line_of_number(std::string_view text, const json::out_of_range& failure) {
     const std::string message = failure.what();
     const std::size_t start = message.find('\'') + 1;
     const std::string number = message.substr(start, message.rfind('\'') - start);
-    return 1 + static_cast<int>(std::ranges::count(text.substr(0, text.find(number)), '\n'));
+    const std::string_view before = text.substr(0, text.find(number));
+    return 1 + static_cast<int>(std::count(before.begin(), before.end(), '\n'));
 }
 
 }  // namespace

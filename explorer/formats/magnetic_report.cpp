@@ -156,7 +156,9 @@ std::string magnetic_cif(const magnetic_group& group) {
     // Of operators with the same rotation one will do, unprimed where there is such.
     for (const int time : {1, -1}) {
         for (const symop& op : group.operators) {
-            const auto known = std::ranges::find(representatives, op.rot, &symop::rot);
+            const auto known =
+                std::find_if(representatives.begin(), representatives.end(),
+                             [&](const symop& other) { return other.rot == op.rot; });
             if (op.time == time && known == representatives.end()) representatives.push_back(op);
         }
     }

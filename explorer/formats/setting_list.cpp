@@ -104,7 +104,7 @@ std::vector<const setting*> settings_for(const std::vector<std::string>& words) 
     for (const std::string& word : words) {
         const std::vector<const setting*> fitting = settings_for_word(word);
         std::erase_if(result, [&](const setting* row) {
-            return std::ranges::find(fitting, row) == fitting.end();
+            return std::find(fitting.begin(), fitting.end(), row) == fitting.end();
         });
     }
     return result;

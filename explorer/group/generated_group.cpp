@@ -35,7 +35,8 @@ public:
 
 private:
     void add(const symop& op) {
-        const auto known = std::ranges::find(ops_, op.rot, &symop::rot);
+        const auto known = std::find_if(ops_.begin(), ops_.end(),
+                                        [&](const symop& other) { return other.rot == op.rot; });
         if (known == ops_.end()) {
             if (ops_.size() == most_rotations) {
                 throw std::domain_error("its rotations make no point group");
@@ -130,7 +131,8 @@ void sort_for_reading(std::vector<symop>& ops) {
         const int order = rotation_order(improper ? negated(op.rot) : op.rot);
         return std::tuple(improper, order, negated(op.rot), op.trans);
     };
-    std::ranges::sort(ops, {}, key);
+    std::sort(ops.begin(), ops.end(),
+              [&](const symop& a, const symop& b) { return key(a) < key(b); });
 }
 
 char lattice_letter(const std::vector<fraction_vector>& centring) {

@@ -103,7 +103,7 @@ class hall_reader {
 public:
     explicit hall_reader(std::string_view typed) : typed_(typed) {
         std::string blanks = plain_symbol(typed);
-        std::ranges::replace(blanks, '_', ' ');
+        std::replace(blanks.begin(), blanks.end(), '_', ' ');
         text_ = plain_symbol(blanks);
         // Places count in what the message shows.
         if (typed_.size() != text_.size()) typed_ = text_;

@@ -1,6 +1,7 @@
 #include "group/magnetic_group.h"
 
 #include <algorithm>
+#include <cctype>
 #include <stdexcept>
 
 #include "group/embedded_data.h"
@@ -18,7 +19,7 @@ const std::string& names_text() {
     static const std::string text = [] {
         std::string result(magnetic_names_data);
         result.erase(0, result.find("\n\n") + 2);
-        std::ranges::replace(result, '^', '\'');
+        std::replace(result.begin(), result.end(), '^', '\'');
         return result;
     }();
     return text;
@@ -138,6 +139,15 @@ const magnetic_facts& find_magnetic(std::string_view name, std::string* notation
     if (const magnetic_facts* const row = find_magnetic_exactly(name, notation)) return *row;
     throw unknown_symbol(in_quotes(name) + " names no magnetic group" +
                          near_text(near_magnetic(name)));
+}
+
+bool looks_magnetic(std::string_view name) {
+    for (std::size_t i = 0; i < name.size(); ++i) {
+        const auto next = static_cast<unsigned char>(i + 1 < name.size() ? name[i + 1] : ' ');
+        if (name[i] == '\'' || (name[i] == '.' && std::isdigit(next) != 0)) return true;
+        if (name[i] == '_' && std::isalpha(next) != 0) return true;
+    }
+    return false;
 }
 
 }  // namespace lomar

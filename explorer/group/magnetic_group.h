@@ -55,4 +55,8 @@ const magnetic_facts& find_magnetic(std::string_view name, std::string* notation
 /// As find_magnetic, but null for a name that it would refuse.
 const magnetic_facts* find_magnetic_exactly(std::string_view name, std::string* notation = nullptr);
 
+/// Whether a name has what that of a space group can't: a prime, an underscore before a letter, or
+/// two numbers with a point between them.
+bool looks_magnetic(std::string_view name);
+
 }  // namespace lomar

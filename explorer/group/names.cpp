@@ -34,7 +34,7 @@ void check_length(std::string_view symbol) {
 
 // The text of a Hall symbol, in which underscores are blanks, to compare with the table.
 std::string hall_text(std::string plain) {
-    std::ranges::replace(plain, '_', ' ');
+    std::replace(plain.begin(), plain.end(), '_', ' ');
     return plain_symbol(plain);
 }
 

@@ -99,8 +99,8 @@ private:
 bool same_characters(std::string_view a, std::string_view b) {
     std::string first(a);
     std::string second(b);
-    std::ranges::sort(first);
-    std::ranges::sort(second);
+    std::sort(first.begin(), first.end());
+    std::sort(second.begin(), second.end());
     return first == second;
 }
 
@@ -109,7 +109,7 @@ int rank_of(const setting& row) {
     constexpr std::array common = {14, 2,   15,  19,  4,   61,  33,  62,  9,  1,   60,
                                    5,  29,  148, 225, 227, 194, 221, 229, 12, 167, 166,
                                    36, 230, 206, 139, 141, 136, 129, 186, 63, 205, 216};
-    const auto found = std::ranges::find(common, row.number);
+    const auto found = std::find(common.begin(), common.end(), row.number);
     const bool conventional =
         row.qualifier.empty() || row.qualifier == "b" || row.qualifier == "b1";
     constexpr int conventional_settings = 530;
@@ -146,7 +146,8 @@ const std::vector<spelled_setting>& spelled_settings() {
             if (row.choice == "2" || row.choice == "R") continue;
             result.push_back({&row, rank_of(row), spellings_of(row)});
         }
-        std::ranges::stable_sort(result, {}, &spelled_setting::rank);
+        std::stable_sort(result.begin(), result.end(),
+                         [](const auto& a, const auto& b) { return a.rank < b.rank; });
         return result;
     }();
     return all;
@@ -201,12 +202,13 @@ int slips_between(std::string_view typed, std::string_view name, int limit) {
 }
 
 std::vector<std::string> nearest(std::vector<std::pair<int, std::string>> found) {
-    std::ranges::stable_sort(found, {}, [](const auto& pair) { return pair.first; });
+    std::stable_sort(found.begin(), found.end(),
+                     [](const auto& a, const auto& b) { return a.first < b.first; });
     std::vector<std::string> result;
     for (const auto& [distance, name] : found) {
         constexpr int as_near = 800;
         if (result.size() == most_suggestions || distance > found[0].first + as_near) break;
-        if (std::ranges::find(result, name) == result.end()) result.push_back(name);
+        if (std::find(result.begin(), result.end(), name) == result.end()) result.push_back(name);
     }
     return result;
 }

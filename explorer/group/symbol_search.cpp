@@ -17,7 +17,7 @@ constexpr std::string_view lattice_letters = "pabcifr";
 bool joins_to(std::string_view typed, const std::vector<std::vector<std::string>>& places,
               std::size_t place) {
     if (place == places.size()) return typed.empty();
-    return std::ranges::any_of(places[place], [&](const std::string& part) {
+    return std::any_of(places[place].begin(), places[place].end(), [&](const std::string& part) {
         return typed.starts_with(part) && joins_to(typed.substr(part.size()), places, place + 1);
     });
 }

@@ -130,7 +130,7 @@ std::string squeezed(std::string_view plain) {
 
 std::string lower_case(std::string_view text) {
     std::string result(text);
-    std::ranges::transform(result, result.begin(), lower);
+    std::transform(result.begin(), result.end(), result.begin(), lower);
     return result;
 }
 

@@ -1,0 +1,26 @@
+#include "page/page_links.h"
+
+#include "drawing/svg_writer.h"
+#include "page/symbol_markup.h"
+
+namespace lomar {
+
+namespace {
+
+std::string anchor(const std::string& target, const std::string& markup) {
+    return "<a href=\"" + escaped(target) + "\">" + markup + "</a>";
+}
+
+}  // namespace
+
+std::string page_links::link(const setting& row) const {
+    const std::string name = symbol_markup(row.name());
+    return to_setting ? anchor(to_setting(row), name) : name;
+}
+
+std::string page_links::link(const magnetic_facts& row) const {
+    const std::string name = symbol_markup(row.bns_symbol);
+    return to_magnetic ? anchor(to_magnetic(row), name) : name;
+}
+
+}  // namespace lomar
