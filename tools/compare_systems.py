@@ -16,7 +16,9 @@ from pathlib import Path
 
 ROOT = Path(__file__).resolve().parent.parent
 # Bytes that one of the systems treats in its own way on the way to a program.
-SPECIAL_BYTES = "\x01\t\n\"'\\*?%^&<>|"
+NAME_BYTES = "'%^&"
+# These can't be in the name of a file on one of them, which refuses a symbol with them sooner.
+SPECIAL_BYTES = NAME_BYTES + "\x01\t\n\"\\*?<>|"
 INPUTS = {
     "pair.txt": "symmetry { -x,-y,-z; x,1/2-y,1/2+z; }",
     "cubic.txt": "symmetry { z,x,y /* the threefold axis */; y,x,-z; -x,-y,z+1/2; x,y,z; }",
@@ -70,7 +72,7 @@ def main():
     runs += [[symbol, "-compare", symbol] for symbol in names[::60]]
     runs += [["-bill", name] for name in INPUTS]
     runs += BAD_RUNS
-    runs += [[start + byte] for byte in SPECIAL_BYTES for start in ("", "P9")]
+    runs += [[byte] for byte in SPECIAL_BYTES] + [["P9" + byte] for byte in NAME_BYTES]
     differences = 0
     with tempfile.TemporaryDirectory() as name:
         folder = Path(name)
@@ -78,6 +80,9 @@ def main():
         for arguments in runs:
             first, second = (outcome(program, list(arguments), folder, prepared)
                              for program in programs)
+            # Wine fails to start one process in some thousands, without a word.
+            if first != second and not second[1] and not second[2]:
+                second = outcome(programs[1], list(arguments), folder, prepared)
             if first != second:
                 differences += 1
                 print(f"{arguments}: the programs differ:\n{first}\n{second}")
