@@ -61,6 +61,18 @@ need_cross_compiler() {
     need_compiler x86_64-w64-mingw32-g++-posix:g++-mingw-w64-x86-64-posix
 }
 
+# The compiler is a script that uses a package of Node's.
+need_browser_compiler() {
+    need_compiler em++:emscripten /usr/share/nodejs/acorn:node-acorn python3:python3
+    need_explorer_libraries
+}
+
+# What drives a browser in tests.
+need_browser() {
+    need chromium:chromium chromedriver:chromium-driver \
+        /usr/lib/python3/dist-packages/selenium/__init__.py:python3-selenium
+}
+
 # configured PRESET - whether build/PRESET is prepared. A build folder that was made elsewhere, and
 # then moved or copied here, is of no use.
 configured() {

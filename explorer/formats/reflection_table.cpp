@@ -4,6 +4,7 @@
 #include <cstdlib>
 #include <fmt/format.h>
 #include <iterator>
+#include <stdexcept>
 
 #include "formats/csv.h"
 #include "formats/json.h"
@@ -182,6 +183,23 @@ void write_csv(const reflection_table& table, const text_sink& sink) {
         // A class in unconventional axes has commas in its name.
         buffer.add(",{}", csv_row({condition != nullptr ? *condition : std::string()}));
     }
+    buffer.flush();
+}
+
+void write_hkl(const reflection_table& table, const text_sink& sink) {
+    if (!table.limits || table.absent) {
+        throw std::invalid_argument("a .hkl file wants limits, and no absent reflections");
+    }
+    sink_buffer buffer(sink);
+    const auto& [h, k, l] = *table.limits;
+    buffer.add("hkls {} {} {}\n{{\n", h, k, l);
+    for (const listed_reflection& row : table.reflections) {
+        for (const int value : {row.h, row.k, row.l, int{row.multiplicity}}) {
+            buffer.add_whole(value, 5);
+        }
+        buffer.add("\n");
+    }
+    buffer.add("}}");
     buffer.flush();
 }
 

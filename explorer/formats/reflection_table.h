@@ -33,5 +33,8 @@ void write_text(const reflection_table& table, bool colour, const text_sink& sin
 void write_json(const reflection_table& table, const text_sink& sink);
 /// As CSV with a head line: h,k,l,multiplicity,d,two_theta,absent,condition.
 void write_csv(const reflection_table& table, const text_sink& sink);
+/// As the .hkl file of lomar6, of a table with limits and without absent reflections:
+/// docs/hkl_file.md. Throws std::invalid_argument for another.
+void write_hkl(const reflection_table& table, const text_sink& sink);
 
 }  // namespace lomar

@@ -1,5 +1,9 @@
 #include "page/diagrams.h"
 
+#include <algorithm>
+#include <stdexcept>
+#include <vector>
+
 #include "drawing/diagram.h"
 #include "drawing/svg_writer.h"
 
@@ -7,34 +11,53 @@ namespace lomar {
 
 namespace {
 
-std::string figure(std::span<const symop> operators, const diagram_options& options,
-                   std::string_view caption) {
-    return "<figure>" + diagram_svg(operators, options) + "<figcaption>" + escaped(caption) +
-           " <i>" + "abc"[options.axis] + "</i></figcaption></figure>\n";
+// The pair that printed tables have comes first.
+std::vector<std::string> keys_of(const drawn_group& group) {
+    const int axis = customary_axis(group.operators);
+    const auto letter = [&](int step) { return "abc"[(axis + step) % 3]; };
+    return {std::string("elements-") + letter(0), std::string("positions-") + letter(0),
+            std::string("elements-") + letter(1), std::string("elements-") + letter(2)};
+}
+
+// The part of the key before the axis, with the axis as options.
+diagram_part part_of(std::string_view key, diagram_options& options) {
+    const bool positions = key.starts_with("positions-");
+    const std::string_view axis = key.substr(std::min(key.find('-'), key.size() - 1) + 1);
+    if ((!positions && !key.starts_with("elements-")) || axis.size() != 1 || axis[0] < 'a' ||
+        axis[0] > 'c') {
+        throw std::invalid_argument("no figure has this key");
+    }
+    options.axis = axis[0] - 'a';
+    return positions ? diagram_part::positions : diagram_part::elements;
+}
+
+std::string section_of(const drawn_group& group, bool filled) {
+    std::string result = "<section id=\"diagrams\"><h2>Diagrams</h2>\n<div class=\"figures\">\n";
+    for (const std::string& key : keys_of(group)) {
+        result += filled ? "<figure>" + figure_content(group, key)
+                         : "<figure data-figure=\"" + key + "\">";
+        result += "</figure>\n";
+    }
+    return result + "</div></section>\n";
 }
 
 }  // namespace
 
-std::string diagram_section(std::span<const symop> operators, const std::string& name,
-                            bool magnetic) {
+std::string diagram_section(const drawn_group& group) { return section_of(group, true); }
+
+std::string empty_diagram_section(const drawn_group& group) { return section_of(group, false); }
+
+std::string figure_content(const drawn_group& group, std::string_view key) {
     diagram_options options;
-    options.name = name;
+    options.what = part_of(key, options);
+    options.name = group.name;
     options.standalone = false;
-    options.with_time = magnetic;
-    const int customary = customary_axis(operators);
-    std::string result = "<section id=\"diagrams\"><h2>Diagrams</h2>\n<div class=\"figures\">\n";
-    // First the pair that printed tables have.
-    const auto add = [&](int axis, diagram_part what, const std::string& caption) {
-        options.axis = axis;
-        options.what = what;
-        options.prefix = what == diagram_part::positions ? "dp" : std::string("d") + "abc"[axis];
-        result += figure(operators, options, caption);
-    };
-    add(customary, diagram_part::elements, "Symmetry elements along");
-    add(customary, diagram_part::positions, "General positions along");
-    add((customary + 1) % 3, diagram_part::elements, "Symmetry elements along");
-    add((customary + 2) % 3, diagram_part::elements, "Symmetry elements along");
-    return result + "</div></section>\n";
+    options.with_time = group.magnetic;
+    const bool positions = options.what == diagram_part::positions;
+    options.prefix = std::string(positions ? "p" : "d") + "abc"[options.axis];
+    return diagram_svg(group.operators, options) + "<figcaption>" +
+           (positions ? "General positions" : "Symmetry elements") + " along <i>" +
+           "abc"[options.axis] + "</i></figcaption>";
 }
 
 }  // namespace lomar

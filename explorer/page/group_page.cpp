@@ -171,7 +171,7 @@ std::string group_page(const group_report& report, const page_links& links) {
     return html_document(
         group.name + " (No. " + std::to_string(group.row->number) + ")", links.index,
         contents(true) +
-            group_article(report, links, diagram_section(group.operators, group.name, false)));
+            group_article(report, links, diagram_section({group.operators, group.name, false})));
 }
 
 }  // namespace lomar

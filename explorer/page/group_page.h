@@ -8,8 +8,8 @@
 namespace lomar {
 
 /// All that is told of a group, as the content of an HTML page: names, what was assumed, diagrams,
-/// operators, Wyckoff positions, reflection conditions, other settings. `diagrams` are those of
-/// diagram_section; a page may be made without them.
+/// operators, Wyckoff positions, reflection conditions, other settings. `diagrams`, which follow
+/// the names, are those of diagram_section; a page may be made without them.
 std::string group_article(const group_report& report, const page_links& links,
                           const std::string& diagrams);
 

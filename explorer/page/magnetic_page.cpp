@@ -66,7 +66,7 @@ std::string magnetic_page(const magnetic_group& group, std::string_view notation
     const std::string name = magnetic_name(*group.row);
     return html_document(
         name, links.index,
-        magnetic_article(group, notation, links, diagram_section(group.operators, name, true)));
+        magnetic_article(group, notation, links, diagram_section({group.operators, name, true})));
 }
 
 }  // namespace lomar

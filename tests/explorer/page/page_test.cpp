@@ -118,7 +118,7 @@ TEST(pages, of_every_setting_hold_together) {
         const space_group& group = report.group.group;
         // The drawings take the time; those of one row in eight stand for all.
         const std::string drawings =
-            row.index % 8 == 0 ? diagram_section(group.operators, group.name, false) : "";
+            row.index % 8 == 0 ? diagram_section({group.operators, group.name, false}) : "";
         const std::string markup = group_article(report, {}, drawings);
         std::vector<std::string> expected;
         for (const symop& op : group.operators) expected.push_back(xyz_text(op));
@@ -147,7 +147,7 @@ TEST(pages, of_magnetic_groups_hold_together) {
         const magnetic_group group = group_of(row);
         std::vector<std::string> expected;
         for (const symop& op : group.operators) expected.push_back(xyzt_text(op));
-        const std::string drawings = diagram_section(group.operators, magnetic_name(row), true);
+        const std::string drawings = diagram_section({group.operators, magnetic_name(row), true});
         EXPECT_EQ(check_content(magnetic_article(group, "", {}, drawings)), expected);
     }
 }

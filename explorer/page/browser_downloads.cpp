@@ -1,0 +1,109 @@
+#include "page/browser_downloads.h"
+
+#include <stdexcept>
+
+#include "drawing/diagram.h"
+#include "formats/magnetic_report.h"
+#include "formats/operator_files.h"
+#include "formats/show_json.h"
+#include "page/magnetic_page.h"
+#include "page/typed_text.h"
+
+namespace lomar {
+
+namespace {
+
+json offers(std::initializer_list<std::pair<const char*, const char*>> list) {
+    json result = json::array();
+    for (const auto& [format, label] : list) {
+        result.push_back({{"format", format}, {"label", label}});
+    }
+    return result;
+}
+
+// `elements-b.svg`, `positions.svg`: what is drawn, and along which axis.
+std::string drawn(const std::vector<symop>& operators, const std::string& name,
+                  const std::string& format) {
+    diagram_options options;
+    options.name = name;
+    options.axis = customary_axis(operators);
+    if (format == "positions.svg") {
+        options.what = diagram_part::positions;
+    } else {
+        options.axis = format.at(std::string("elements-").size()) - 'a';
+        if (options.axis < 0 || options.axis > 2) throw std::runtime_error("no such axis");
+    }
+    return diagram_svg(operators, options);
+}
+
+std::string space_file(const named_group& named, const std::string& format) {
+    const space_group& group = named.group;
+    if (format == "sg") return sg_file(group);
+    if (format == "cif") return cif_block(group);
+    if (format == "shelx.txt") return shelx_cards(group);
+    if (format == "xyz") return xyz_lines(group);
+    if (format == "csv") return csv_operators(group);
+    if (format == "json") return json_text(show_json(report_of(named)));
+    return drawn(group.operators, group.name, format);
+}
+
+std::string magnetic_file(const magnetic_facts& row, const std::string& format) {
+    const magnetic_group group = group_of(row);
+    if (format == "mcif") return magnetic_cif(group);
+    if (format == "xyz") return magnetic_xyz(group);
+    if (format == "json") return magnetic_json(group, "BNS number");
+    return drawn(group.operators, magnetic_name(row), format);
+}
+
+// A name for the file: what is no letter or digit becomes an underscore.
+std::string stem_of(const std::string& name) {
+    std::string result;
+    for (const char c : name) {
+        const bool plain = (c >= '0' && c <= '9') || (c >= 'a' && c <= 'z') ||
+                           (c >= 'A' && c <= 'Z') || c == '-' || c == '.';
+        result += plain ? c : '_';
+    }
+    return result;
+}
+
+}  // namespace
+
+json downloads_of_groups() {
+    return offers({{"sg", ".sg of lomar6"},
+                   {"cif", "CIF"},
+                   {"shelx.txt", "SHELX"},
+                   {"json", "JSON"},
+                   {"xyz", "x,y,z"},
+                   {"csv", "CSV"},
+                   {"elements-a.svg", "SVG along a"},
+                   {"elements-b.svg", "SVG along b"},
+                   {"elements-c.svg", "SVG along c"},
+                   {"positions.svg", "SVG of positions"}});
+}
+
+json downloads_of_magnetic_groups() {
+    return offers({{"mcif", "magnetic CIF"},
+                   {"json", "JSON"},
+                   {"xyz", "x,y,z"},
+                   {"elements-a.svg", "SVG along a"},
+                   {"elements-b.svg", "SVG along b"},
+                   {"elements-c.svg", "SVG along c"},
+                   {"positions.svg", "SVG of positions"}});
+}
+
+json download(const std::string& name, const std::string& format) {
+    const typed_subject subject = read_typed(name);
+    const bool space = subject.group.has_value();
+    for (const json& offer : space ? downloads_of_groups() : downloads_of_magnetic_groups()) {
+        if (offer["format"] != format) continue;
+        const std::string separator = format.find(".svg") == std::string::npos ? "." : "_";
+        json result;
+        result["file"] = stem_of(name) + separator + format;
+        result["text"] =
+            space ? space_file(*subject.group, format) : magnetic_file(*subject.magnetic, format);
+        return result;
+    }
+    throw std::runtime_error("there is no such file of " + name);
+}
+
+}  // namespace lomar
