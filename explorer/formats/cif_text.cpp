@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cctype>
+#include <utility>
 
 namespace lomar {
 
@@ -38,8 +39,10 @@ private:
         }
     }
 
-    bool at_line_start() const {
-        return at_ == 0 || text_[at_ - 1] == '\n' || text_[at_ - 1] == '\r';
+    bool at_line_start() const { return at_ == 0 || text_[at_ - 1] == '\n'; }
+
+    bool ends_quote(std::size_t at) const {
+        return at >= text_.size() || is_white(text_[at]) || text_[at] == '#';
     }
 
     cif_token next() {
@@ -52,22 +55,31 @@ private:
         } else if (c == '\'' || c == '"') {
             do {
                 at_ = std::min(text_.find(c, at_ + 1), text_.size());
-            } while (at_ + 1 < text_.size() && !is_white(text_[at_ + 1]));
+            } while (!ends_quote(at_ + 1));
             at_ = std::min(at_ + 1, text_.size());
         } else {
             while (at_ < text_.size() && !is_white(text_[at_])) ++at_;
-            what = kind_of_word(text_.substr(begin, at_ - begin));
+            std::string_view word = text_.substr(begin, at_ - begin);
+            what = kind_of_word(word);
+            at_ = begin + word.size();
         }
         return {what, begin, at_};
     }
 
-    static cif_token::kind kind_of_word(std::string_view word) {
+    // A keyword ends where a comment begins; the word is cut to it.
+    static cif_token::kind kind_of_word(std::string_view& word) {
         if (word[0] == '_') return cif_token::kind::tag;
         const std::string small = lower(word.substr(0, 8));
         if (small.starts_with("data_")) return cif_token::kind::block;
-        if (small == "loop_") return cif_token::kind::loop;
-        if (small.starts_with("save_") || small == "global_" || small == "stop_") {
-            return cif_token::kind::other;
+        if (small.starts_with("save_")) return cif_token::kind::other;
+        for (const auto& [keyword, what] : {std::pair("global_", cif_token::kind::block),
+                                            std::pair("loop_", cif_token::kind::loop),
+                                            std::pair("stop_", cif_token::kind::other)}) {
+            const std::size_t size = std::string_view(keyword).size();
+            if (!small.starts_with(keyword)) continue;
+            if (word.size() != size && word[size] != '#') continue;
+            word = word.substr(0, size);
+            return what;
         }
         return cif_token::kind::value;
     }

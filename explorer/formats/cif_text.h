@@ -35,7 +35,7 @@ struct cif_table {
 };
 
 struct cif_section {
-    std::string name;      ///< `data_x` as it is written
+    std::string name;      ///< `data_x` as it is written, or `global_`
     std::size_t head = 0;  ///< after the name
     std::vector<cif_table> tables;
 };

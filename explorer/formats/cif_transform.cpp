@@ -61,13 +61,21 @@ space_group group_of_block(const operator_block& block) {
     return group;
 }
 
+// The name of a section as the reader of operators tells it.
+std::string block_name(const cif_section& section) {
+    if (section.name.size() < 5 || section.name[4] != '_') return {};  // global_
+    const std::string name = section.name.substr(5);
+    return name.empty() ? "#" : name;
+}
+
 }  // namespace
 
 std::string transformed_cif(const std::string& text, const axes_choice& axes) {
     const std::vector<operator_block> blocks = read_cif_operators(text);
     text_edits edits;
+    std::size_t n_rewritten = 0;
     for (const cif_section& section : cif_sections(text)) {
-        const std::string name = section.name.substr(std::string_view("data_").size());
+        const std::string name = block_name(section);
         const auto block =
             std::find_if(blocks.begin(), blocks.end(),
                          [&](const operator_block& each) { return each.name == name; });
@@ -76,6 +84,10 @@ std::string transformed_cif(const std::string& text, const axes_choice& axes) {
         const basis_change change = axes(old_group);
         const space_group new_group = in_other_axes(old_group, change);
         cif_block_rewriter(text, section, edits).rewrite(old_group, new_group, change);
+        ++n_rewritten;
+    }
+    if (n_rewritten != blocks.size()) {
+        throw std::runtime_error("a data block of the CIF can't be found again");
     }
     return edits.applied_to(text);
 }

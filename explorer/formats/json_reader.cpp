@@ -15,6 +15,16 @@ const std::string* text_of(const json& object, const char* key) {
     return at != object.end() && at->is_string() ? at->get_ptr<const std::string*>() : nullptr;
 }
 
+// Time reversal beside the text, as magnetic groups are written.
+void take_time(const json& item, given_operator& op) {
+    const auto time = item.find("time_reversal");
+    if (time == item.end() || time->is_null()) return;
+    if (*time != 1 && *time != -1) throw unreadable_input("time_reversal is 1 or -1");
+    if (op.time_given) throw unreadable_input("time reversal is given twice");
+    op.time = *time == 1 ? 1 : -1;
+    op.time_given = true;
+}
+
 void read_list(const json& list, operator_block& block) {
     int place = 0;
     for (const json& item : list) {
@@ -25,7 +35,9 @@ void read_list(const json& list, operator_block& block) {
         const std::string where = "operator " + std::to_string(place) + ": ";
         if (text == nullptr) throw unreadable_input(where + "it has no text");
         try {
-            add_operator(block, parse_operator(*text, 0));
+            given_operator op = parse_operator(*text, 0);
+            if (item.is_object()) take_time(item, op);
+            add_operator(block, op);
         } catch (const unreadable_input& failure) {
             throw unreadable_input(where + failure.what());
         }

@@ -74,6 +74,21 @@ TEST(CifTransform, AxesOfAnotherCellChoice) {
     }
 }
 
+// Blocks without a name, and comments close to words: the operators go over in each.
+TEST(CifTransform, HeadingsAndQuotesOfAllForms) {
+    for (const char* heading : {"data_\n", "global_\n", "global_# one\n", "DATA_x\n"}) {
+        const std::string text =
+            heading + std::string(
+                          "_kept 'a b'# x\nloop_# operators\n_symmetry_equiv_pos_as_xyz\n"
+                          "'x,y,z'#one\n'-x,-y+1/2,z'#two\n_atom 1\n");
+        const std::string found = transformed_cif(text, [](const space_group&) {
+            return basis_change{parse_basis("b,c,a"), {}};
+        });
+        EXPECT_NE(found.find("\nx,y,z\n-x+1/2,y,-z#two\n_atom 1\n"), std::string::npos) << found;
+        EXPECT_NE(found.find("_kept 'a b'# x\n"), std::string::npos) << found;
+    }
+}
+
 // The displacement of an atom along a vector doesn't depend on axes.
 TEST(CifTransform, DisplacementsInASignedPermutation) {
     const std::string found = transformed_cif(sample, [](const space_group&) {

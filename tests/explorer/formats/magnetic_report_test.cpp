@@ -37,18 +37,24 @@ TEST(MagneticReport, OneGroup) {
     EXPECT_EQ(parsed["order"], 4);
 }
 
-// The products of both loops are the group, of every seventh group.
-TEST(MagneticReport, CifIsReadBack) {
+// What is written is read, of every seventh group.
+TEST(MagneticReport, ReadBack) {
     for (const magnetic_facts& row : magnetic_groups()) {
         if (row.uni_number % 7 != 0) continue;
         const magnetic_group group = group_of(row);
-        const std::vector<operator_block> blocks = read_cif_operators(magnetic_cif(group));
-        ASSERT_EQ(blocks.size(), 1u);
-        EXPECT_EQ(blocks[0].bns_number, row.bns_number);
-        const std::vector<symop> found = operators_of_cell(complete(blocks[0].operators));
-        EXPECT_EQ(std::set(found.begin(), found.end()),
-                  std::set(group.operators.begin(), group.operators.end()))
-            << row.bns_symbol;
+        for (const std::string& text :
+             {magnetic_cif(group), magnetic_json(group, ""), magnetic_xyz(group)}) {
+            const operator_input input = read_operators(text);
+            SCOPED_TRACE(std::string(row.bns_symbol) + " as " + input.from);
+            ASSERT_EQ(input.blocks.size(), 1u);
+            EXPECT_TRUE(input.blocks[0].magnetic);
+            if (input.from != "xyz") {
+                EXPECT_EQ(input.blocks[0].bns_number, row.bns_number);
+            }
+            const std::vector<symop> found = operators_of_cell(complete(input.blocks[0].operators));
+            EXPECT_EQ(std::set(found.begin(), found.end()),
+                      std::set(group.operators.begin(), group.operators.end()));
+        }
     }
 }
 

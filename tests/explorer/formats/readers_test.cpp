@@ -117,6 +117,8 @@ const struct {
     {"json", R"({"name":"P 21/c","number":14,"operators":[{"xyz":"x,y,z"},{"xyz":"-x,-y,-z"}]})",
      "x,y,z;-x,-y,-z"},
     {"json", R"(["x,y,z","-x,-y,-z,-1"])", "x,y,z;-x,-y,-z,-1"},
+    {"json", R"({"operators":[{"xyz":"-x,-y,-z","time_reversal":-1},{"xyz":"x,y,z"}]})",
+     "-x,-y,-z,-1;x,y,z"},
     {"shelx", "TITL\nLATT -1\nSYMM -y, x-y,=\n  z\nSYMM -x+y, =  ! on\n -x, z\nEND \nSYMM X\n",
      "x,y,z;-y,x-y,z;-x+y,-x,z"},
 };
@@ -201,6 +203,8 @@ TEST(Readers, BadInputNamesThePlace) {
         {"symmetry {\n/* x,y,z }", "line 2: a comment has no end"},
         {"{\"operators\": [1]}", "operator 1: it has no text"},
         {"{\n\"operators\" [1]}", "line 2, column 13: this is no JSON"},
+        {"{\"operators\": [{\"xyz\": \"x,y,z\", \"time_reversal\": 2}]}",
+         "operator 1: time_reversal is 1 or -1"},
         {"[1,\n 0.22E47487]", "line 2: a number is too large"},
         {"[]", "there are no operators"},
         {"{}", "no list of operators"},
