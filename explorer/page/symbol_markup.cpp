@@ -23,6 +23,7 @@ std::string unseen(char c) { return std::string("<span class=\"unseen\">") + c +
 }  // namespace
 
 std::string symbol_markup(std::string_view symbol) {
+    if (symbol.starts_with("hall:")) return "<code>" + escaped(symbol) + "</code>";
     // What follows a colon is a choice of axes or origin.
     const std::size_t end = std::min(symbol.find(':'), symbol.size());
     const auto at = [&](std::size_t i) { return i < end ? symbol[i] : '\0'; };

@@ -47,6 +47,7 @@ TEST(symbols, print_as_people_write_them) {
     // A twofold axis in each of three directions is no screw.
     EXPECT_EQ(bare("222"), "222");
     EXPECT_EQ(bare("<b>&"), "&lt;<i>b</i>&gt;&amp;");
+    EXPECT_EQ(symbol_markup("hall:-P 2\""), "<code>hall:-P 2&quot;</code>");
     EXPECT_EQ(text_of(schoenflies_markup("D2h^16")), "D2h^16");
 }
 
