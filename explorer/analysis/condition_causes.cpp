@@ -94,7 +94,7 @@ bool condition_causes::from_centring(const hkl_class& which, const fraction_vect
 std::vector<std::string> condition_causes::of(const hkl_class& which,
                                               const fraction_vector& phases) const {
     if (from_centring(which, phases)) {
-        if (group_.lattice == 'P') return {"centring"};
+        if (group_.lattice == 0) return {"centring"};
         return {std::string(1, group_.lattice) + " centring"};
     }
     std::vector<std::string> result;

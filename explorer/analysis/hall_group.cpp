@@ -13,8 +13,7 @@ space_group space_group_of(const hall_group& hall) {
     result.name = "hall:" + hall.symbol;
     result.hall = hall.symbol;
     result.to_standard = found.change * found.row->to_standard();
-    const char letter = lattice_letter(hall.centring);
-    if (letter != 0) result.lattice = letter;
+    result.lattice = lattice_letter(hall.centring);
     result.centring = hall.centring;
     result.operators = hall.operators;
     return result;

@@ -99,8 +99,7 @@ space_group in_other_axes(const space_group& group, const basis_change& change) 
                                   : hall_of(*result.row, inverse(group.to_standard) * change);
     result.name = "hall:" + result.hall;
     result.to_standard = inverse(change) * group.to_standard;
-    const char letter = lattice_letter(list.centring);
-    if (letter != 0) result.lattice = letter;
+    result.lattice = lattice_letter(list.centring);
     result.centring = list.centring;
     result.operators = list.operators;
     return result;

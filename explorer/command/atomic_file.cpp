@@ -13,7 +13,7 @@ namespace fs = std::filesystem;
 namespace {
 
 // Where a link leads, however many there are between; the path itself if it is none.
-fs::path behind_links(fs::path path) {
+fs::path target_of(fs::path path) {
     std::error_code error;
     for (int i = 0; i < 40 && fs::is_symlink(path, error); ++i) {
         path = path.parent_path() / fs::read_symlink(path, error);
@@ -33,7 +33,7 @@ atomic_file::atomic_file(const std::string& path) : shown(path) {
         if (file < 0) fail(error.message());
         return;
     }
-    place = behind_links(path).string();
+    place = target_of(path).string();
     if (fs::exists(status) && !system::is_writable(place)) fail("it is read-only");
     open_temporary();
     if (fs::exists(status)) fs::permissions(temporary, status.permissions(), error);
@@ -44,11 +44,10 @@ void atomic_file::open_temporary() {
     std::error_code error;
     for (int i = 0; i < 1000; ++i) {
         temporary = (fs::path(place).parent_path() / (stem + std::to_string(i) + ".tmp")).string();
-        file = system::create(temporary, error);
+        file = system::create_temporary(temporary, error);
         if (error != std::errc::file_exists) break;
     }
     if (file < 0) fail(error.message());
-    system::remove_on_interrupt(temporary);
 }
 
 atomic_file::~atomic_file() {
@@ -56,7 +55,7 @@ atomic_file::~atomic_file() {
     system::close(file);
     if (temporary.empty()) return;
     system::remove(temporary);
-    system::remove_on_interrupt("");
+    system::forget_temporary();
 }
 
 void atomic_file::write(std::string_view text) {
@@ -71,7 +70,7 @@ void atomic_file::keep() {
     if (!temporary.empty()) {
         if (!error) error = system::replace(temporary, place);
         if (error) system::remove(temporary);
-        system::remove_on_interrupt("");
+        system::forget_temporary();
     }
     if (error) fail(error.message());
 }

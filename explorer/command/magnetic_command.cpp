@@ -1,4 +1,5 @@
 #include <CLI/App.hpp>
+#include <optional>
 
 #include "command/command.h"
 #include "formats/magnetic_report.h"
@@ -24,10 +25,10 @@ public:
     }
 
     void run(output& out) override {
-        if (!name_.empty() && !family_.empty()) {
+        if (name_ && !family_.empty()) {
             throw usage_error("--family lists groups, and takes no name");
         }
-        out.write(name_.empty() ? list_of_groups(out.format()) : one_group(out.format()));
+        out.write(name_ ? one_group(*name_, out.format()) : list_of_groups(out.format()));
     }
 
 private:
@@ -44,9 +45,9 @@ private:
         return format == "csv" ? magnetic_csv(rows) : magnetic_table(rows);
     }
 
-    std::string one_group(const std::string& format) const {
+    static std::string one_group(const std::string& name, const std::string& format) {
         std::string notation;
-        const magnetic_facts& row = find_magnetic(name_, &notation);
+        const magnetic_facts& row = find_magnetic(name, &notation);
         if (format == "csv") return magnetic_csv({&row});
         const magnetic_group group = group_of(row);
         if (format == "json") return magnetic_json(group, notation);
@@ -54,7 +55,7 @@ private:
         return format == "xyz" ? magnetic_xyz(group) : magnetic_text(group, notation);
     }
 
-    std::string name_;
+    std::optional<std::string> name_;
     std::string family_;
 };
 

@@ -10,7 +10,7 @@ namespace {
 
 fraction number_of(const std::string& text) {
     try {
-        return parse_number(text);
+        return parse_coordinate(text);
     } catch (const std::invalid_argument& fault) {
         throw usage_error(std::string("site: ") + fault.what());
     }

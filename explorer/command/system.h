@@ -31,8 +31,11 @@ bool is_closed_pipe(std::error_code error);
 int open_for_reading(const std::string& path, std::error_code& error);
 /// Opens a file that is there, such as a device, for writing.
 int open_for_writing(const std::string& path, std::error_code& error);
-/// Creates a file for writing; one that is there already is an error.
-int create(const std::string& path, std::error_code& error);
+/// Creates a file for writing; one that is there already is an error. It is removed when the user
+/// interrupts the program, until forget_temporary or the next such file.
+int create_temporary(const std::string& path, std::error_code& error);
+/// The last temporary file has its final name, or is gone.
+void forget_temporary();
 std::error_code close(int file);
 /// Gives a file a new name; a file that has this name is replaced in one step.
 std::error_code replace(const std::string& from, const std::string& to);
@@ -43,7 +46,5 @@ bool is_writable(const std::string& path);
 
 /// A number that no other process has at this time.
 long process_number();
-/// The file that is removed when the user interrupts the program; none for an empty path.
-void remove_on_interrupt(const std::string& path);
 
 }  // namespace lomar::system

@@ -80,8 +80,26 @@ int open_for_writing(const std::string& path, std::error_code& error) {
     return opened(path, O_WRONLY, error);
 }
 
-int create(const std::string& path, std::error_code& error) {
-    return opened(path, O_WRONLY | O_CREAT | O_EXCL, error);
+int create_temporary(const std::string& path, std::error_code& error) {
+    if (path.size() >= interrupted_path.size()) {
+        error = std::make_error_code(std::errc::filename_too_long);
+        return -1;
+    }
+    sigset_t interrupts;
+    sigset_t before;
+    ::sigemptyset(&interrupts);
+    for (const int signal : {SIGINT, SIGTERM, SIGHUP}) ::sigaddset(&interrupts, signal);
+    ::sigprocmask(SIG_BLOCK, &interrupts, &before);
+    const int file = opened(path, O_WRONLY | O_CREAT | O_EXCL, error);
+    if (file >= 0) {
+        for (const int signal : {SIGINT, SIGTERM, SIGHUP}) {
+            // One that the caller has had ignored stays so, as nohup wants it.
+            if (std::signal(signal, on_interrupt) == SIG_IGN) std::signal(signal, SIG_IGN);
+        }
+        std::memcpy(interrupted_path.data(), path.c_str(), path.size() + 1);
+    }
+    ::sigprocmask(SIG_SETMASK, &before, nullptr);
+    return file;
 }
 
 std::error_code close(int file) { return ::close(file) == 0 ? std::error_code() : last_error(); }
@@ -96,15 +114,6 @@ bool is_writable(const std::string& path) { return ::access(path.c_str(), W_OK) 
 
 long process_number() { return ::getpid(); }
 
-void remove_on_interrupt(const std::string& path) {
-    if (path.size() >= interrupted_path.size()) return;
-    if (!path.empty()) {
-        for (const int signal : {SIGINT, SIGTERM, SIGHUP}) {
-            // One that the caller has had ignored stays so, as nohup wants it.
-            if (std::signal(signal, on_interrupt) == SIG_IGN) std::signal(signal, SIG_IGN);
-        }
-    }
-    std::memcpy(interrupted_path.data(), path.c_str(), path.size() + 1);
-}
+void forget_temporary() { interrupted_path[0] = '\0'; }
 
 }  // namespace lomar::system

@@ -82,8 +82,17 @@ int open_for_writing(const std::string& path, std::error_code& error) {
     return opened(path, _O_WRONLY, error);
 }
 
-int create(const std::string& path, std::error_code& error) {
-    return opened(path, _O_WRONLY | _O_CREAT | _O_EXCL, error);
+int create_temporary(const std::string& path, std::error_code& error) {
+    if (path.size() >= interrupted_path.size()) {
+        error = std::make_error_code(std::errc::filename_too_long);
+        return -1;
+    }
+    const int file = opened(path, _O_WRONLY | _O_CREAT | _O_EXCL, error);
+    if (file >= 0) {
+        ::SetConsoleCtrlHandler(on_interrupt, TRUE);
+        std::memcpy(interrupted_path.data(), path.c_str(), path.size() + 1);
+    }
+    return file;
 }
 
 std::error_code close(int file) { return ::_close(file) == 0 ? std::error_code() : last_error(); }
@@ -99,10 +108,6 @@ bool is_writable(const std::string& path) { return ::_access(path.c_str(), 2) ==
 
 long process_number() { return ::_getpid(); }
 
-void remove_on_interrupt(const std::string& path) {
-    if (path.size() >= interrupted_path.size()) return;
-    if (!path.empty()) ::SetConsoleCtrlHandler(on_interrupt, TRUE);
-    std::memcpy(interrupted_path.data(), path.c_str(), path.size() + 1);
-}
+void forget_temporary() { interrupted_path[0] = '\0'; }
 
 }  // namespace lomar::system

@@ -45,8 +45,8 @@ std::vector<fraction_vector> read_triples(const std::vector<std::string>& texts,
     if (texts.size() % 3 != 0) throw usage_error(std::string(option) + " takes three numbers");
     std::vector<fraction_vector> result;
     for (std::size_t i = 0; i < texts.size(); i += 3) {
-        result.push_back(
-            {parse_number(texts[i]), parse_number(texts[i + 1]), parse_number(texts[i + 2])});
+        result.push_back({parse_coordinate(texts[i]), parse_coordinate(texts[i + 1]),
+                          parse_coordinate(texts[i + 2])});
     }
     return result;
 }

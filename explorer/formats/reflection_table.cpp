@@ -90,8 +90,8 @@ std::string asked_text(const reflection_table& table) {
         text += wrapped("Limits", {fmt::format("{} {} {}", h, k, l)});
     }
     const std::string number = std::to_string(table.reflections.size());
-    return text + wrapped("Reflections", {number + (table.absent ? " with the absent ones" : "") +
-                                          ", equivalent ones and Friedel mates as one"});
+    return text + wrapped("Reflections", {number + (table.absent ? ", absent ones included" : ""),
+                                          "equivalent ones and Friedel mates as one"});
 }
 
 json array_of(const unit_cell& cell) {

@@ -10,7 +10,7 @@ void add_facts(json& object, const named_group& named) {
     object["crystal_system"] = row.crystal_system;
     object["point_group"] = row.point_group;
     object["laue_class"] = row.laue_class;
-    object["lattice"] = std::string(1, group.lattice);
+    object["lattice"] = group.lattice == 0 ? json() : json(std::string(1, group.lattice));
     object["order"] = group.operators.size();
     object["centrosymmetric"] = row.centrosymmetric;
     object["sohncke"] = row.sohncke;

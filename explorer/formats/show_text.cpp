@@ -42,7 +42,7 @@ std::string facts_text(const group_report& report) {
     text += wrapped("Class",
                     {std::string(row.crystal_system), "point group " + std::string(row.point_group),
                      "Laue class " + std::string(row.laue_class)});
-    text += wrapped("Lattice", {std::string(1, group.lattice),
+    text += wrapped("Lattice", {lattice_text(group),
                                 std::to_string(group.operators.size()) + " operators in the cell"});
     text += wrapped("Properties", properties(row));
     std::vector<std::string> polar;

@@ -1,7 +1,10 @@
 #include "group/basis_change.h"
 
 #include <cctype>
+#include <charconv>
+#include <cmath>
 #include <stdexcept>
+#include <system_error>
 #include <vector>
 
 namespace lomar {
@@ -57,6 +60,7 @@ namespace {
 }
 
 constexpr std::size_t most_digits = 18;
+constexpr std::size_t most_decimals = 15;
 
 // Reads from a text without blanks.
 struct number_scan {
@@ -77,16 +81,22 @@ struct number_scan {
         return true;
     }
 
-    // An unsigned decimal; false when there is none or when it has too many digits.
+    // An unsigned decimal, rounded to most_decimals; false when there is none or when it is too
+    // long.
     bool decimal(fraction& value) {
         std::int64_t num = 0;
         std::int64_t den = 1;
         std::size_t digits = 0;
+        std::size_t decimals = 0;
         bool after_point = false;
         for (; at_digit(); take()) {
             if (rest[0] == '.') {
                 if (after_point) return false;
                 after_point = true;
+                continue;
+            }
+            if (after_point && ++decimals > most_decimals) {
+                if (decimals == most_decimals + 1 && rest[0] >= '5') ++num;
                 continue;
             }
             if (++digits > most_digits) return false;
@@ -160,6 +170,28 @@ bool read_signed(std::string_view text, fraction& value) {
     return true;
 }
 
+// Without the `(3)` of `0.25(3)`.
+std::string_view without_uncertainty(std::string_view number) {
+    const std::size_t bracket = number.find('(');
+    if (bracket == std::string_view::npos || !number.ends_with(')')) return number;
+    const std::string_view digits = number.substr(bracket + 1, number.size() - bracket - 2);
+    const bool is_whole =
+        !digits.empty() && digits.find_first_not_of("0123456789") == std::string_view::npos;
+    return is_whole ? number.substr(0, bracket) : number;
+}
+
+// `-1.5e-3`, with twelve decimals.
+bool read_with_exponent(std::string_view number, fraction& value) {
+    if (number.starts_with('+')) number.remove_prefix(1);
+    double real = 0;
+    const auto [end, fault] = std::from_chars(number.begin(), number.end(), real);
+    constexpr double largest = 1e6;
+    if (fault != std::errc() || end != number.end() || !(std::abs(real) < largest)) return false;
+    constexpr std::int64_t parts = 1'000'000'000'000;
+    value = fraction(std::llround(real * static_cast<double>(parts)), parts);
+    return true;
+}
+
 }  // namespace
 
 fraction_matrix parse_basis(std::string_view text) {
@@ -195,6 +227,16 @@ fraction_vector parse_point(std::string_view text) {
 fraction parse_number(std::string_view text) {
     fraction result;
     if (!read_signed(without_blanks(text), result)) refuse(text, "a number");
+    return result;
+}
+
+fraction parse_coordinate(std::string_view text) {
+    const std::string plain = without_blanks(text);
+    const std::string_view number = without_uncertainty(plain);
+    fraction result;
+    if (!read_signed(number, result) && !read_with_exponent(number, result)) {
+        refuse(text, "a number");
+    }
     return result;
 }
 

@@ -36,8 +36,11 @@ std::string basis_text(const basis_change& change);
 fraction_matrix parse_basis(std::string_view text);
 /// Three numbers with commas or blanks between them: `0,1/4,-0.125`. Errors as parse_basis.
 fraction_vector parse_point(std::string_view text);
-/// One number: `3`, `-1/4`, `.125`, `0.5`. A decimal of up to 18 digits is read exactly, so that
-/// `0.3333` is 3333/10000. Errors as parse_basis.
+/// One number: `3`, `-1/4`, `.125`, `0.5`. Up to 15 decimals are read exactly, so that `0.3333` is
+/// 3333/10000; further ones are rounded. Errors as parse_basis.
 fraction parse_number(std::string_view text);
+/// One number as it is copied from elsewhere: also `1e-5`, to 12 decimals, and `0.25(3)`, whose
+/// uncertainty is dropped. Errors as parse_basis.
+fraction parse_coordinate(std::string_view text);
 
 }  // namespace lomar

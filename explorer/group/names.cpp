@@ -20,15 +20,23 @@ void check_length(std::string_view symbol) {
     }
 }
 
+void refuse_magnetic(std::string_view symbol) {
+    const magnetic_facts* const magnetic = find_magnetic_exactly(symbol);
+    if (magnetic == nullptr) return;
+    throw unknown_symbol(in_quotes(symbol) + " names no space group but a magnetic one, " +
+                         std::string(magnetic->bns_number) + " " +
+                         std::string(magnetic->bns_symbol));
+}
+
 [[noreturn]] void refuse(std::string_view symbol, const symbol_parts& parts) {
     const std::string start = in_quotes(symbol) + " names no space group";
+    if (parts.has_colon && parts.mark.empty()) {
+        throw unknown_symbol(start + ": nothing follows the colon");
+    }
     if (is_group_number(parts.base) && parts.mark.empty()) {
         throw unknown_symbol(start + ": their numbers run from 1 to 230");
     }
-    if (const magnetic_facts* const magnetic = find_magnetic_exactly(symbol)) {
-        throw unknown_symbol(start + " but a magnetic one, " + std::string(magnetic->bns_number) +
-                             " " + std::string(magnetic->bns_symbol));
-    }
+    refuse_magnetic(symbol);
     throw unknown_symbol(start + near_text(near_names(parts)));
 }
 
@@ -79,6 +87,7 @@ named_group group_of_other(std::string_view symbol, const symbol_parts& parts,
     try {
         return group_of_hall(row, symbol);
     } catch (const unknown_symbol&) {
+        refuse_magnetic(symbol);
         if (is_plainly_hall(text)) throw;
     }
     refuse(symbol, parts);

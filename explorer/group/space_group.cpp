@@ -24,4 +24,9 @@ space_group group_of(const setting& row) {
     return result;
 }
 
+std::string lattice_text(const space_group& group) {
+    if (group.lattice != 0) return std::string(1, group.lattice);
+    return std::to_string(group.centring.size()) + " points in the cell";
+}
+
 }  // namespace lomar

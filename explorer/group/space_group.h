@@ -17,7 +17,9 @@ struct space_group {
     std::string name;          ///< what names exactly this group in these axes
     std::string hall;          ///< a Hall symbol of it
     basis_change to_standard;  ///< to the standard setting of its number
-    char lattice = 'P';        ///< R on rhombohedral axes, too, where `centring` has one vector
+    /// R on rhombohedral axes, too, where `centring` has one vector; 0 if the vectors are those of
+    /// no letter.
+    char lattice = 'P';
     std::vector<fraction_vector> centring;  ///< the null vector first
     /// The identity first; translations in [0, 1). The first operators.size() / centring.size() of
     /// them are one for each coset of the centring, each further stretch of that length is those
@@ -31,5 +33,8 @@ struct space_group {
 /// The group of a setting, its operators made by the library from the catalogue that is compiled
 /// in.
 space_group group_of(const setting& row);
+
+/// The letter of the lattice, or for vectors without one `2 points in the cell`.
+std::string lattice_text(const space_group& group);
 
 }  // namespace lomar

@@ -99,12 +99,24 @@ const setting* find_hexagonal_symbol(std::string_view base) {
     return nullptr;
 }
 
+// A Schoenflies symbol with today's letters for those of older tables.
+std::string renewed_schoenflies(std::string_view base) {
+    constexpr std::pair<std::string_view, std::string_view> older[] = {
+        {"vh", "d2h"}, {"vd", "d2d"}, {"v", "d2"}, {"s6", "c3i"}, {"s2", "ci"}, {"c1h", "cs"}};
+    for (const auto& [old_letters, letters] : older) {
+        if (!base.starts_with(old_letters)) continue;
+        return std::string(letters).append(base.substr(old_letters.size()));
+    }
+    return std::string(base);
+}
+
 const setting* find_schoenflies(std::string_view base) {
+    const std::string renewed = renewed_schoenflies(base);
     const bool has_caret = base.find('^') != std::string_view::npos;
     for (const setting& row : settings()) {
         std::string wanted = lower_case(row.schoenflies);
         if (!has_caret) std::erase(wanted, '^');
-        if (wanted == base) return find_catalogue_name(std::to_string(row.number));
+        if (wanted == renewed) return find_catalogue_name(std::to_string(row.number));
     }
     return nullptr;
 }
@@ -147,6 +159,21 @@ bool is_group_number(std::string_view base) {
     return !base.empty() && base.find_first_not_of("0123456789") == std::string_view::npos;
 }
 
+namespace {
+
+// `14b2` and `62 cab` are a number and axes.
+void split_number(symbol_parts& symbol) {
+    const std::size_t end = symbol.base.find_first_not_of("0123456789");
+    if (end == 0 || end == std::string::npos || symbol.base[end] == '.') return;
+    const std::string_view rest = std::string_view(symbol.base).substr(end);
+    if (rest.find_first_not_of("abc-123") != std::string_view::npos) return;
+    symbol.mark = rest;
+    symbol.base.resize(end);
+    symbol.has_colon = true;
+}
+
+}  // namespace
+
 symbol_parts parts_of_symbol(std::string_view typed) {
     symbol_parts result;
     result.plain = plain_symbol(typed);
@@ -159,6 +186,10 @@ symbol_parts parts_of_symbol(std::string_view typed) {
         if (result.mark == "z") result.mark = "2";
     }
     result.base = squeezed(result.plain);
+    if (!result.has_colon) split_number(result);
+    if (result.base.size() > 1 && is_group_number(result.base)) {
+        result.base.erase(0, std::min(result.base.find_first_not_of('0'), result.base.size() - 1));
+    }
     if (!result.has_colon && result.base.size() > 1 && result.base.ends_with('h')) {
         result.base.pop_back();
         result.mark = "h";

@@ -37,7 +37,7 @@ std::string facts_of(const group_report& report, const page_links& links) {
     facts.add("Crystal system", row.crystal_system);
     facts.add_markup("Point group", symbol_markup(row.point_group));
     facts.add_markup("Laue class", symbol_markup(row.laue_class));
-    facts.add("Lattice", std::string(1, group.lattice));
+    facts.add("Lattice", lattice_text(group));
     facts.add("Properties", properties_text(row));
     std::vector<std::string> polar;
     for (const int_vector& direction : polar_directions(group)) {

@@ -66,9 +66,11 @@ INSTANTIATE_TEST_SUITE_P(
     numbers, usage,
     ::testing::Values(
         usage_case{{"site", "P -1", "0", "-1/2", "-.25"}, 0, ""},
+        usage_case{{"site", "P -1", "1e-3", "0.25(3)", "0.3333333333333333333333"}, 0, ""},
+        usage_case{{"magnetic", ""}, 1, ""},
         usage_case{{"site", "P -1", "0", "0"}, 2, "Z is required"},
         usage_case{{"site", "P -1", "0", "0", "1/0"}, 2, "'1/0' is not a number"},
-        usage_case{{"site", "P -1", "0", "0", "1e3"}, 2, "'1e3' is not a number"},
+        usage_case{{"site", "P -1", "0", "0", "1x3"}, 2, "'1x3' is not a number"},
         usage_case{{"site", "P -1", "0", "0", "0", "--tolerance", "0.2"}, 2, "from 0 to 1/10"},
         usage_case{{"site", "P -1", "0", "0", "12345678"}, 1, "12345678 is too far"},
         usage_case{{"site", "Q", "0", "0", "0"}, 1, "'Q'"},

@@ -77,7 +77,7 @@ TEST(HallSymbol, AxesThatTheTableLacks) {
         {"-P 2ybc (0 0 1)", "P 1 21/c 1", 'P', 4, "0,0,1/12"},
         {"-P 4 (x-y,x+y,2*z) ", "", 0, 0, ""},
         {"-P 4 (1/2*x-1/2*y,1/2*x+1/2*y,z)", "P 4/m", 'C', 16, "0,0,0"},
-        {"P 2 (x/2,y,z)", "P 1 2 1", 'P', 4, "0,0,0"},
+        {"P 2 (x/2,y,z)", "P 1 2 1", '\0', 4, "0,0,0"},
     };
     for (const auto& one : cases) {
         SCOPED_TRACE(one.hall);

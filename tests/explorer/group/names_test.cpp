@@ -88,6 +88,9 @@ TEST(Names, AsPeopleWriteThem) {
           "P2\xe2\x82\x81/c", "$P2_{1}/c$", "P [21/c]", "C2h^5", "C2h5", "C_{2h}^5",
           "C2h\xe2\x81\xb5", "P21/c:b1", "P21/c:b", "14:1", "\tP21/c\n"}},
         {"P 1 1 21/a", {"14:c", "P21/c:c", "C2h^5:c"}},
+        {"P 1 21/n 1", {"14b2", "014:b2"}},
+        {"P -4 2 m", {"Vd^1", "vd1", "D2d^1"}},
+        {"P -1", {"S2^1", "02"}},
         {"F d -3 m:2",
          {"Fd-3m:2", "Fd-3mZ", "FD-3M Z", "Fd3m:2", "227:2", "Oh^7:2",
           "Fd\xcc\x85"
@@ -197,6 +200,7 @@ TEST(Names, Refusals) {
         {"P-43n1", "'P-43n1' names no space group; near: P -4 3 n"},
         {"P6:1", "'P6:1' names no space group; near: P 6, P 61"},
         {"Fd-3m:3", "'Fd-3m:3' names no space group; near: F d -3 m, F d -3 m:1, F d -3 m:2"},
+        {"Fd-3m:", "'Fd-3m:' names no space group: nothing follows the colon"},
         {"231", "'231' names no space group: their numbers run from 1 to 230"},
         {"14.79", "'14.79' names no space group but a magnetic one, 14.79 P2_1'/c'"},
         {"", "the symbol is empty"},
