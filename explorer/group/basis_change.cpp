@@ -182,11 +182,18 @@ std::string_view without_uncertainty(std::string_view number) {
 
 // `-1.5e-3`, with twelve decimals.
 bool read_with_exponent(std::string_view number, fraction& value) {
-    if (number.starts_with('+')) number.remove_prefix(1);
-    double real = 0;
-    const auto [end, fault] = std::from_chars(number.begin(), number.end(), real);
+    const std::size_t letter = number.find_first_of("eE");
+    if (letter == std::string_view::npos || !read_signed(number.substr(0, letter), value)) {
+        return false;
+    }
+    std::string_view digits = number.substr(letter + 1);
+    if (digits.starts_with('+')) digits.remove_prefix(1);
+    int exponent = 0;
+    const char* const last = digits.data() + digits.size();
+    const auto [end, fault] = std::from_chars(digits.data(), last, exponent);
+    const double real = value.to_double() * std::pow(10.0, exponent);
     constexpr double largest = 1e6;
-    if (fault != std::errc() || end != number.end() || !(std::abs(real) < largest)) return false;
+    if (fault != std::errc() || end != last || !(std::abs(real) < largest)) return false;
     constexpr std::int64_t parts = 1'000'000'000'000;
     value = fraction(std::llround(real * static_cast<double>(parts)), parts);
     return true;

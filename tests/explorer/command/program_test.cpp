@@ -66,7 +66,8 @@ INSTANTIATE_TEST_SUITE_P(
     numbers, usage,
     ::testing::Values(
         usage_case{{"site", "P -1", "0", "-1/2", "-.25"}, 0, ""},
-        usage_case{{"site", "P -1", "1e-3", "0.25(3)", "0.3333333333333333333333"}, 0, ""},
+        usage_case{{"site", "P -1", "-1.2e-17", "0.25(3)", "0.3333333333333333333333"}, 0, ""},
+        usage_case{{"site", "P -1", "0", "0", "1e"}, 2, "'1e' is not a number"},
         usage_case{{"magnetic", ""}, 1, ""},
         usage_case{{"site", "P -1", "0", "0"}, 2, "Z is required"},
         usage_case{{"site", "P -1", "0", "0", "1/0"}, 2, "'1/0' is not a number"},
