@@ -40,7 +40,7 @@ class atlas_command : public command {
 public:
     std::string_view name() const override { return "atlas"; }
     std::string_view summary() const override {
-        return "the pages of all space groups and magnetic groups, with a list to search";
+        return "pages of all space groups and magnetic groups, with a list";
     }
     std::vector<std::string_view> formats() const override { return {"html"}; }
 

@@ -11,7 +11,7 @@ class list_command : public command {
 public:
     std::string_view name() const override { return "list"; }
     std::string_view summary() const override {
-        return "the settings known, narrowed by words: number, system, lattice, point group";
+        return "the settings known, narrowed by words: number, system, lattice";
     }
     std::vector<std::string_view> formats() const override { return {"text", "json", "csv"}; }
 

@@ -4,10 +4,12 @@
 #include <CLI/Config.hpp>
 #include <CLI/Formatter.hpp>
 #include <algorithm>
+#include <sstream>
 
 #include "command/arguments.h"
 #include "command/command.h"
 #include "command/system.h"
+#include "formats/text_layout.h"
 #include "group/message.h"
 
 namespace lomar {
@@ -31,6 +33,24 @@ std::string overview(const std::vector<std::unique_ptr<command>>& commands) {
            "  --format F     the form of the answer\n"
            "  -h, --help     what the command takes\n\n"
            "lomar --version prints the version.\n";
+}
+
+// Long lines of a help, whose explanations are in a column, go on in that column.
+std::string folded(const std::string& help) {
+    constexpr std::size_t column = 30;
+    std::string text;
+    std::istringstream lines(help);
+    for (std::string line; std::getline(lines, line);) {
+        if (line.size() <= text_width) {
+            text += line + "\n";
+            continue;
+        }
+        std::istringstream rest(line.substr(column));
+        std::vector<std::string> words;
+        for (std::string word; rest >> word;) words.push_back(word);
+        text += wrapped(line.substr(0, column - 1), words, " ", column);
+    }
+    return text;
 }
 
 void print(std::string_view text) {
@@ -60,6 +80,12 @@ std::string too_many(const CLI::App& app) {
            "' is one argument too many (a symbol with blanks belongs in quotes)";
 }
 
+// `--format: At Most 1 required but received 2`, in plain words.
+std::string told_mismatch(const std::string& message) {
+    const std::size_t end = message.find(": At Most 1 ");
+    return end == std::string::npos ? message : message.substr(0, end) + " is given twice";
+}
+
 // False when help was asked for.
 bool parse(CLI::App& app, const command& which, const std::vector<std::string>& arguments) {
     std::string fault;
@@ -72,6 +98,8 @@ bool parse(CLI::App& app, const command& which, const std::vector<std::string>& 
         return false;
     } catch (const CLI::ExtrasError&) {
         fault = too_many(app);
+    } catch (const CLI::ArgumentMismatch& error) {
+        fault = told_mismatch(error.what());
     } catch (const std::exception& error) {
         fault = error.what();
     }
@@ -88,7 +116,7 @@ void run_command(command& which, const std::vector<std::string>& arguments) {
     app.add_option("-o,--output", path, "the file to write; else standard output")
         ->type_name("FILE");
     app.add_option("--format", format, "one of: " + names_of_formats(which))->type_name("F");
-    if (!parse(app, which, arguments)) return print(app.help());
+    if (!parse(app, which, arguments)) return print(folded(app.help()));
     if (path.empty() && app.count("-o") > 0) throw usage_error("-o lacks the name of a file");
     check_format(which, format);
     output out(path, format);

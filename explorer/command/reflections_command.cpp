@@ -19,7 +19,7 @@ class reflections_command : public command {
 public:
     std::string_view name() const override { return "reflections"; }
     std::string_view summary() const override {
-        return "the reflections of a group, within limits or down to a d of a cell";
+        return "reflections of a group, within limits or down to a d of a cell";
     }
     std::vector<std::string_view> formats() const override { return {"text", "json", "csv"}; }
 

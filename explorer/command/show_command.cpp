@@ -24,7 +24,7 @@ class show_command : public command {
 public:
     std::string_view name() const override { return "show"; }
     std::string_view summary() const override {
-        return "everything about a group: names, class, operators, conditions, positions";
+        return "names, class, operators, conditions and positions of a group";
     }
     std::vector<std::string_view> formats() const override {
         return {"text", "json", "xyz", "cif", "shelx", "sg", "csv"};

@@ -6,6 +6,7 @@
 #include "formats/csv.h"
 #include "formats/json.h"
 #include "formats/operator_files.h"
+#include "formats/show_json.h"
 #include "formats/text_layout.h"
 #include "group/settings.h"
 
@@ -43,13 +44,11 @@ void add_names(json& result, const magnetic_facts& row) {
     result["lattice"] = std::string(1, row.lattice);
 }
 
-json operator_json(const symop& op) {
-    const symmetry_element element = element_of(op);
+json magnetic_operator_json(const symop& op) {
     json result;
     result["xyz"] = xyz_text(op);
     result["time_reversal"] = op.time;
-    result["kind"] = kind_text(element.kind);
-    result["seitz"] = seitz_text(op);
+    result.update(operator_json(op, element_of(op)));
     return result;
 }
 
@@ -69,10 +68,10 @@ void add_loop(std::string& text, const std::string& category, const std::vector<
 }  // namespace
 
 std::string magnetic_table(const std::vector<const magnetic_facts*>& rows) {
-    std::vector<std::vector<std::string>> table = {{"BNS", "", "OG", "", "UNI", "", "type"}};
+    std::vector<std::vector<std::string>> table = {{"BNS", "", "OG", "", "type"}};
     for (const magnetic_facts* const row : rows) {
-        table.push_back(fields_of(*row));
-        table.back().pop_back();
+        const std::vector<std::string> fields = fields_of(*row);
+        table.push_back({fields[0], fields[1], fields[2], fields[3], fields[6]});
     }
     const std::string count = std::to_string(rows.size());
     return table_text(table) + count + (rows.size() == 1 ? " group\n" : " groups\n");
@@ -101,15 +100,15 @@ std::string magnetic_text(const magnetic_group& group, std::string_view notation
     add_line(text, "BNS", std::string(row.bns_number) + "  " + std::string(row.bns_symbol));
     add_line(text, "OG", std::string(row.og_number) + "  " + std::string(row.og_symbol));
     add_line(text, "UNI", std::to_string(row.uni_number) + "  " + std::string(row.uni_symbol));
-    add_line(text, "found as", std::string(notation));
-    add_line(text, "type", type_text(row));
-    add_line(text, "family", group_text(row.family_number));
-    if (row.type == 4) add_line(text, "unprimed", group_text(row.parent_number));
+    add_line(text, "Found as", std::string(notation));
+    add_line(text, "Type", type_text(row));
+    add_line(text, "Family", group_text(row.family_number));
+    if (row.type == 4) add_line(text, "Unprimed", group_text(row.parent_number));
     add_line(text, "BNS in OG cell", std::string(row.og_to_bns));
     std::vector<std::string> vectors;
     for (const fraction_vector& vector : group.centring)
         vectors.push_back("(" + lomar::text(vector) + ")");
-    text += wrapped("centring", vectors, " ");
+    text += wrapped("Centring", vectors, " ");
     text += "\nOperators: " + std::to_string(group.operators.size()) + "\n";
     std::vector<std::vector<std::string>> table;
     for (const symop& op : group.operators) {
@@ -130,7 +129,8 @@ json magnetic_object(const magnetic_group& group, std::string_view notation) {
     for (const fraction_vector& vector : group.centring)
         result["centring"].push_back(to_json(vector));
     result["operators"] = json::array();
-    for (const symop& op : group.operators) result["operators"].push_back(operator_json(op));
+    for (const symop& op : group.operators)
+        result["operators"].push_back(magnetic_operator_json(op));
     return result;
 }
 

@@ -62,8 +62,35 @@ const rotation_catalogue_3& rotations() {
     return table;
 }
 
+// Where the record begins that holds the first place of the catalogue at which the key could be a
+// name; the end if there is none. Records begin their lines.
+std::size_t first_record_with(const std::string& key, std::string_view text) {
+    constexpr std::string_view before = " \t\r\n={-";
+    constexpr std::string_view after = " \t\r\n={}";
+    for (std::size_t at = text.find(key); at < text.size(); at = text.find(key, at + 1)) {
+        const std::size_t end = at + key.size();
+        if (at > 0 && before.find(text[at - 1]) == std::string_view::npos) continue;
+        if (end < text.size() && after.find(text[end]) == std::string_view::npos) continue;
+        do {
+            at = text.rfind('\n', at - 1);
+        } while (at != std::string_view::npos && (text[at + 1] < '0' || text[at + 1] > '9'));
+        return at == std::string_view::npos ? 0 : at;
+    }
+    return text.size();
+}
+
+// As find_catalogue_entry of the library, which reads every record from the first one on.
+sg_catalogue_entry_3 entry_of(const std::string& key) {
+    const std::string_view text = catalogue().text();
+    catalogue_scan_3 scan(text.data() + first_record_with(key, text));
+    while (scan.next()) {
+        if (sstring_in::range_equal(scan.name(), key.c_str()) != 0) return scan.entry();
+    }
+    return find_catalogue_entry(catalogue(), key.c_str());
+}
+
 library_group decode(const std::string& key) {
-    const sg_catalogue_entry_3 entry = find_catalogue_entry(catalogue(), key.c_str());
+    const sg_catalogue_entry_3 entry = entry_of(key);
     sg_decoder_3 decoder;
     decoder.set_computer_symbol(entry.computer_symbol.data);
     decoder.decode(entry.axes.data, rotations());
@@ -102,7 +129,7 @@ std::vector<symop> read_operators(std::string_view text, int count) {
 }
 
 std::string sg_text_of(const std::string& key) {
-    sg_catalogue_entry_3 entry = find_catalogue_entry(catalogue(), key.c_str());
+    sg_catalogue_entry_3 entry = entry_of(key);
     point_group_table_3 point_groups;
     point_groups.lookup(entry.symbol.data);
     entry.point_group = point_groups.normalised();
@@ -140,7 +167,7 @@ std::string sg_file_text(const std::string& key) {
 
 std::optional<library_name> find_library_name(const std::string& key) {
     try {
-        return name_of(find_catalogue_entry(catalogue(), key.c_str()), key);
+        return name_of(entry_of(key), key);
     } catch (except_3* failure) {
         delete failure;
         return std::nullopt;

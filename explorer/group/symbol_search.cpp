@@ -199,12 +199,12 @@ symbol_parts parts_of_symbol(std::string_view typed) {
 
 std::vector<const setting*> settings_with_axis(const symbol_parts& symbol) {
     std::vector<const setting*> result;
+    const std::vector<std::string> typed = words_of(spaced_screws(symbol.plain));
+    if (typed.size() < 3 || typed[1].size() != 2 || typed[1][1] > '5') return result;
     const setting* const row = find_base(symbol);
     if (row == nullptr) return result;
-    const std::vector<std::string> typed = words_of(spaced_screws(symbol.plain));
     const std::vector<std::string> found = words_of(row->symbol);
-    if (typed.size() < 3 || typed[1].size() != 2 || found[1].size() != 1) return result;
-    if (typed[1][0] != found[1][0] || typed[1][1] > '5') return result;
+    if (found[1].size() != 1 || typed[1][0] != found[1][0]) return result;
     for (const setting& other : settings()) {
         const std::vector<std::string> words = words_of(other.symbol);
         if (words[0] != typed[0] || words[1] != typed[1]) continue;

@@ -1,5 +1,6 @@
 #include <algorithm>
 #include <gtest/gtest.h>
+#include <sstream>
 
 #include "support/run_tool.h"
 
@@ -51,7 +52,7 @@ INSTANTIATE_TEST_SUITE_P(
         usage_case{{"show", "P 1", "--format="}, 2, "no format ''"},
         usage_case{{"show", "P 1", "--format"}, 2, "--format lacks a value"},
         usage_case{{"show", "P 1", "--help=1"}, 2, "takes no value"},
-        usage_case{{"show", "P 1", "-o", "a", "-o", "b"}, 2, "--output"},
+        usage_case{{"show", "P 1", "-o", "a", "-o", "b"}, 2, "--output is given twice"},
         usage_case{{"show", "P 1", "-o", ""}, 2, "-o"},
         usage_case{{"show", "P 1", "-o", "no_folder/file"}, 1, "'no_folder/file'"},
         usage_case{{"show", "P 1", "-o", "."}, 1, "'.'"},
@@ -114,6 +115,20 @@ INSTANTIATE_TEST_SUITE_P(
         usage_case{{"subgroups", "P 21/c", "--to", "P -1", "--format", "csv"}, 0, ""},
         usage_case{{"subgroups", "P 21/c", "--to", "P 21/c"}, 1, "no proper subgroup"},
         usage_case{{"subgroups", "P 21/c", "--to", "Q"}, 1, "'Q'"}));
+
+TEST(help, fits_a_terminal_of_80_columns) {
+    const scratch_dir scratch;
+    std::istringstream overview(run_tool({"--help"}).console);
+    std::vector<std::string> commands = {"--help"};
+    for (std::string line; std::getline(overview, line) && line != "Options of every command:";) {
+        if (line.starts_with("  ")) commands.push_back(line.substr(2, line.find(' ', 2) - 2));
+    }
+    EXPECT_GE(commands.size(), 10u);
+    for (const std::string& command : commands) {
+        std::istringstream help(run_tool({command, "--help"}).console);
+        for (std::string line; std::getline(help, line);) EXPECT_LE(line.size(), 80u) << line;
+    }
+}
 
 TEST(output_file, holds_the_answer_and_replaces_what_was_there) {
     const scratch_dir scratch;

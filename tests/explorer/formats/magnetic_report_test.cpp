@@ -34,6 +34,7 @@ TEST(MagneticReport, OneGroup) {
     EXPECT_EQ(parsed["uni_symbol"], "P-1.1'_c[P-1]");
     EXPECT_EQ(parsed["operators"][3]["xyz"], "-x,-y,-z+1/2");
     EXPECT_EQ(parsed["operators"][3]["time_reversal"], -1);
+    EXPECT_EQ(parsed["operators"][3]["location"], "0,0,1/4");
     EXPECT_EQ(parsed["order"], 4);
 }
 
