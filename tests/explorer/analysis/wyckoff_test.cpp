@@ -85,6 +85,98 @@ TEST(Wyckoff, OrbitsOfEverySetting) {
     }
 }
 
+constexpr int grid = 24;
+
+// The number of a point of the grid, or -1 beside it.
+int place_on_grid(const fraction_vector& point) {
+    int place = 0;
+    for (const fraction& part : modulo_one(point)) {
+        const fraction steps = part * fraction(grid);
+        if (!steps.is_integer()) return -1;
+        place = place * grid + static_cast<int>(steps.num());
+    }
+    return place;
+}
+
+// Of each point of the grid the multiplicity of the most special position that holds it.
+std::vector<int> least_multiplicities(const space_group& group) {
+    std::vector<int> least(grid * grid * grid, static_cast<int>(group.operators.size()));
+    for (const wyckoff_position& position : wyckoff_positions(group)) {
+        for (const symop& map : position.orbit) {
+            const auto steps = [&](std::size_t column) {
+                const auto has = [&](const auto& row) { return row[column] != 0; };
+                return std::any_of(map.rot.begin(), map.rot.end(), has) ? 2 * grid : 1;
+            };
+            if (steps(0) > 1 && steps(1) > 1 && steps(2) > 1) continue;
+            for (int x = 0; x < steps(0); ++x) {
+                for (int y = 0; y < steps(1); ++y) {
+                    for (int z = 0; z < steps(2); ++z) {
+                        const fraction_vector point =
+                            map * fraction_vector{fraction(x, 2 * grid), fraction(y, 2 * grid),
+                                                  fraction(z, 2 * grid)};
+                        for (const fraction_vector& vector : group.centring) {
+                            const int place = place_on_grid(point + vector);
+                            if (place < 0) continue;
+                            int& known = least[static_cast<std::size_t>(place)];
+                            known = std::min(known, position.multiplicity);
+                        }
+                    }
+                }
+            }
+        }
+    }
+    return least;
+}
+
+// How many operators fix the point of the grid up to a lattice translation.
+int n_fixing(const std::vector<std::array<int, 12>>& operators, const int_vector& point) {
+    int count = 0;
+    for (const std::array<int, 12>& op : operators) {
+        bool fixes = true;
+        for (std::size_t i = 0; i < 3 && fixes; ++i) {
+            const int* const row = op.data() + 4 * i;
+            fixes =
+                (row[0] * point[0] + row[1] * point[1] + row[2] * point[2] + row[3]) % grid == 0;
+        }
+        count += fixes ? 1 : 0;
+    }
+    return count;
+}
+
+// W - 1 and w of each operator, in steps of the grid.
+std::vector<std::array<int, 12>> displacements(const space_group& group) {
+    std::vector<std::array<int, 12>> result;
+    for (const symop& op : group.operators) {
+        std::array<int, 12>& row = result.emplace_back();
+        for (std::size_t i = 0; i < 3; ++i) {
+            for (std::size_t j = 0; j < 3; ++j) row[4 * i + j] = op.rot[i][j] - (i == j ? 1 : 0);
+            row[4 * i + 3] = static_cast<int>((op.trans[i] * fraction(grid)).num());
+        }
+    }
+    return result;
+}
+
+// Each point of a grid of 1/24 is on a position of as many points as its site symmetry leaves, and
+// on none of fewer.
+TEST(Wyckoff, GridOfEverySetting) {
+    for (const setting& row : settings()) {
+        SCOPED_TRACE(row.name());
+        const space_group group = group_of(row);
+        const std::vector<int> least = least_multiplicities(group);
+        const auto operators = displacements(group);
+        std::size_t place = 0;
+        for (int x = 0; x < grid; ++x) {
+            for (int y = 0; y < grid; ++y) {
+                for (int z = 0; z < grid; ++z, ++place) {
+                    const int order = static_cast<int>(operators.size());
+                    ASSERT_EQ(least[place] * n_fixing(operators, {x, y, z}), order)
+                        << x << "/24 " << y << "/24 " << z << "/24";
+                }
+            }
+        }
+    }
+}
+
 // An orthorhombic symbol from the axes and planes of the operators that fix a point: of m and 2 in
 // one direction the plane is written, but with 2 if nothing is in the others.
 std::string symbol_of_site(const space_group& group, const fraction_vector& point) {
