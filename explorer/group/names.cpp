@@ -87,8 +87,10 @@ named_group group_of_other(std::string_view symbol, const symbol_parts& parts,
     try {
         return group_of_hall(row, symbol);
     } catch (const unknown_symbol&) {
-        refuse_magnetic(symbol);
-        if (is_plainly_hall(text)) throw;
+        if (is_plainly_hall(text)) {
+            refuse_magnetic(symbol);
+            throw;
+        }
     }
     refuse(symbol, parts);
 }

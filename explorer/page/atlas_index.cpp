@@ -4,15 +4,12 @@
 #include "page/atlas.h"
 #include "page/document.h"
 #include "page/page_assets.h"
+#include "page/page_links.h"
 #include "page/table_writer.h"
 
 namespace lomar {
 
 namespace {
-
-std::string link_to(const std::string& target, std::string_view text) {
-    return "<a href=\"" + escaped(target) + "\">" + escaped(text) + "</a>";
-}
 
 // All names of each setting, in the catalogue's spelling, with blanks around each.
 std::map<const setting*, std::string> names_of_settings() {
@@ -33,7 +30,7 @@ std::string settings_table() {
         const auto known = names.find(&row);
         table.row("data-names", known == names.end() ? "" : known->second);
         table.head(std::to_string(row.number));
-        table.markup(link_to("settings/" + file_name(row), row.name()));
+        table.markup(anchor("settings/" + file_name(row), escaped(row.name())));
         table.cell(row.variant()).code(row.hall).cell(row.schoenflies);
         table.cell(row.crystal_system).cell(row.point_group);
     }
@@ -47,7 +44,7 @@ std::string magnetic_table() {
     for (const magnetic_facts& row : magnetic_groups()) {
         const setting& family = standard_setting(row.family_number);
         table.row().head(row.bns_number);
-        table.markup(link_to("magnetic/" + file_name(row), row.bns_symbol));
+        table.markup(anchor("magnetic/" + file_name(row), escaped(row.bns_symbol)));
         table.cell(row.og_number).cell(row.og_symbol).cell(row.uni_symbol);
         table.cell(std::to_string(row.type)).cell(family.crystal_system).cell(family.point_group);
     }

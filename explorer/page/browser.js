@@ -201,10 +201,8 @@
     function save(file) {
         if (file.message !== undefined) return say(status, file.message, true);
         const link = document.createElement("a");
-        link.href = URL.createObjectURL(new Blob([file.text], { type: "text/plain" }));
-        if (file.file.endsWith(".svg")) {
-            link.href = URL.createObjectURL(new Blob([file.text], { type: "image/svg+xml" }));
-        }
+        const type = file.file.endsWith(".svg") ? "image/svg+xml" : "text/plain";
+        link.href = URL.createObjectURL(new Blob([file.text], { type: type }));
         link.download = file.file;
         link.click();
         setTimeout(function () { URL.revokeObjectURL(link.href); }, 10000);

@@ -1,5 +1,7 @@
 #include "page/browser_calls.h"
 
+#include <stdexcept>
+
 #include "drawing/diagram.h"
 #include "page/browser_answer.h"
 #include "page/browser_downloads.h"
@@ -31,7 +33,8 @@ json answer_of(const json& request) {
                           request.at("figure").get<std::string>());
     }
     if (what == "reflections") return reflections_for(request);
-    return {{"style", diagram_style()}, {"version", LOMAR_VERSION}};
+    if (what == "start") return {{"style", diagram_style()}, {"version", LOMAR_VERSION}};
+    throw std::invalid_argument("there is no such request");
 }
 
 }  // namespace

@@ -2,10 +2,10 @@
 
 #include <stdexcept>
 
-#include "drawing/diagram.h"
 #include "formats/magnetic_report.h"
 #include "formats/operator_files.h"
 #include "formats/show_json.h"
+#include "page/diagrams.h"
 #include "page/magnetic_page.h"
 #include "page/typed_text.h"
 
@@ -24,15 +24,11 @@ json offers(std::initializer_list<std::pair<const char*, const char*>> list) {
 // `elements-b.svg`, `positions.svg`: what is drawn, and along which axis.
 std::string drawn(const std::vector<symop>& operators, const std::string& name,
                   const std::string& format) {
-    diagram_options options;
+    const std::string key = format == "positions.svg"
+                                ? std::string("positions-") + "abc"[customary_axis(operators)]
+                                : format.substr(0, format.find('.'));
+    diagram_options options = figure_options(key);
     options.name = name;
-    options.axis = customary_axis(operators);
-    if (format == "positions.svg") {
-        options.what = diagram_part::positions;
-    } else {
-        options.axis = format.at(std::string("elements-").size()) - 'a';
-        if (options.axis < 0 || options.axis > 2) throw std::runtime_error("no such axis");
-    }
     return diagram_svg(operators, options);
 }
 

@@ -4,7 +4,6 @@
 #include <stdexcept>
 #include <vector>
 
-#include "drawing/diagram.h"
 #include "drawing/svg_writer.h"
 
 namespace lomar {
@@ -17,18 +16,6 @@ std::vector<std::string> keys_of(const drawn_group& group) {
     const auto letter = [&](int step) { return "abc"[(axis + step) % 3]; };
     return {std::string("elements-") + letter(0), std::string("positions-") + letter(0),
             std::string("elements-") + letter(1), std::string("elements-") + letter(2)};
-}
-
-// The part of the key before the axis, with the axis as options.
-diagram_part part_of(std::string_view key, diagram_options& options) {
-    const bool positions = key.starts_with("positions-");
-    const std::string_view axis = key.substr(std::min(key.find('-'), key.size() - 1) + 1);
-    if ((!positions && !key.starts_with("elements-")) || axis.size() != 1 || axis[0] < 'a' ||
-        axis[0] > 'c') {
-        throw std::invalid_argument("no figure has this key");
-    }
-    options.axis = axis[0] - 'a';
-    return positions ? diagram_part::positions : diagram_part::elements;
 }
 
 std::string section_of(const drawn_group& group, bool filled) {
@@ -47,9 +34,21 @@ std::string diagram_section(const drawn_group& group) { return section_of(group,
 
 std::string empty_diagram_section(const drawn_group& group) { return section_of(group, false); }
 
-std::string figure_content(const drawn_group& group, std::string_view key) {
+diagram_options figure_options(std::string_view key) {
+    const bool positions = key.starts_with("positions-");
+    const std::string_view axis = key.substr(std::min(key.find('-'), key.size() - 1) + 1);
+    if ((!positions && !key.starts_with("elements-")) || axis.size() != 1 || axis[0] < 'a' ||
+        axis[0] > 'c') {
+        throw std::invalid_argument("no figure has this key");
+    }
     diagram_options options;
-    options.what = part_of(key, options);
+    options.what = positions ? diagram_part::positions : diagram_part::elements;
+    options.axis = axis[0] - 'a';
+    return options;
+}
+
+std::string figure_content(const drawn_group& group, std::string_view key) {
+    diagram_options options = figure_options(key);
     options.name = group.name;
     options.standalone = false;
     options.with_time = group.magnetic;

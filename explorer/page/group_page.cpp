@@ -128,21 +128,12 @@ std::string settings_list(const group_report& report, const page_links& links) {
     return result + "</ul>\n";
 }
 
-std::string magnetic_list(int number, const page_links& links) {
-    std::string result;
-    for (const magnetic_facts& row : magnetic_groups()) {
-        if (row.family_number != number) continue;
-        result += "<li>" + links.link(row) + " (" + std::string(row.bns_number) + ")</li>\n";
-    }
-    return "<ul class=\"names\">\n" + result + "</ul>\n";
-}
-
-std::string contents(bool diagrams) {
+std::string contents() {
     std::string result = "<nav aria-label=\"On this page\"><ul>";
     const auto add = [&](std::string_view id, std::string_view name) {
         result.append("<li><a href=\"#").append(id).append("\">").append(name).append("</a></li>");
     };
-    if (diagrams) add("diagrams", "Diagrams");
+    add("diagrams", "Diagrams");
     add("operators", "Operators");
     add("wyckoff", "Wyckoff positions");
     add("conditions", "Reflection conditions");
@@ -163,14 +154,14 @@ std::string group_article(const group_report& report, const page_links& links,
            section("conditions", "Reflection conditions", conditions_table(report)) +
            section("settings", "Other settings", settings_list(report, links)) +
            section("magnetic", "Magnetic groups of this family",
-                   magnetic_list(group.row->number, links));
+                   links.family_list(group.row->number));
 }
 
 std::string group_page(const group_report& report, const page_links& links) {
     const space_group& group = report.group.group;
     return html_document(
         group.name + " (No. " + std::to_string(group.row->number) + ")", links.index,
-        contents(true) +
+        contents() +
             group_article(report, links, diagram_section({group.operators, group.name, false})));
 }
 

@@ -35,15 +35,6 @@ std::string facts_of(const magnetic_facts& row, std::string_view notation,
     return facts.result();
 }
 
-std::string family_list(const magnetic_facts& row, const page_links& links) {
-    std::string result;
-    for (const magnetic_facts& other : magnetic_groups()) {
-        if (other.family_number != row.family_number || &other == &row) continue;
-        result += "<li>" + links.link(other) + " (" + std::string(other.bns_number) + ")</li>\n";
-    }
-    return "<ul class=\"names\">\n" + result + "</ul>\n";
-}
-
 }  // namespace
 
 std::string magnetic_name(const magnetic_facts& row) {
@@ -58,7 +49,7 @@ std::string magnetic_article(const magnetic_group& group, std::string_view notat
            "<section id=\"operators\"><h2>Operators</h2>\n" +
            operator_table(group.operators, group.centring, true) +
            "</section>\n<section id=\"family\"><h2>Others of this family</h2>\n" +
-           family_list(row, links) + "</section>\n";
+           links.family_list(row.family_number, &row) + "</section>\n";
 }
 
 std::string magnetic_page(const magnetic_group& group, std::string_view notation,

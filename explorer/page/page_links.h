@@ -17,6 +17,12 @@ struct page_links {
     /// The name of a setting as markup, linked if it can be.
     std::string link(const setting& row) const;
     std::string link(const magnetic_facts& row) const;
+    /// The magnetic groups of the family of a space group's number as a list, one of them perhaps
+    /// left out.
+    std::string family_list(int number, const magnetic_facts* left_out = nullptr) const;
 };
+
+/// A link around some markup.
+std::string anchor(const std::string& target, const std::string& markup);
 
 }  // namespace lomar

@@ -16,7 +16,7 @@ std::string_view trimmed(std::string_view text) {
     return text.substr(begin, text.find_last_not_of(" \t\r\n") + 1 - begin);
 }
 
-// Lines, cards of SHELX, or commas that don't stand in the brackets of a Hall symbol.
+// Lines, cards of SHELX, or commas that aren't in the brackets of a Hall symbol.
 bool looks_like_operators(std::string_view text) {
     if (text.find_first_of("\n{") != std::string_view::npos) return true;
     if (kind_of(text) == "shelx") return true;
@@ -85,9 +85,9 @@ typed_subject read_typed(std::string_view text) {
     try {
         result.group = resolve_symbol(text);
     } catch (const unknown_symbol&) {
+        if (looks_magnetic(text)) find_magnetic(text);  // throws: its message has the nearer names
         const magnetic_facts* row = find_magnetic_exactly(text, &notation);
         if (row != nullptr) return magnetic_named(*row, notation, text);
-        if (looks_magnetic(text)) find_magnetic(text);  // its message has the nearer names
         throw;
     }
     result.address = address_of(*result.group, text);

@@ -1,17 +1,6 @@
 #!/usr/bin/env bash
 # The atlas as files: atlas_test.sh PROGRAM
-set -uo pipefail
-
-lomar=$(realpath "$1")
-folder=$(mktemp -d)
-trap 'rm -rf "$folder"' EXIT
-cd "$folder" || exit 1
-
-failed=0
-fault() {
-    echo "$*" >&2
-    failed=1
-}
+source "$(dirname "${BASH_SOURCE[0]}")/delivery_lib.sh"
 
 # Every page that is there is whole, and nothing else is there but what was before.
 check_files() {

@@ -1,17 +1,6 @@
 #!/usr/bin/env bash
 # What a shell sees of the program: program_test.sh PROGRAM
-set -uo pipefail
-
-lomar=$(realpath "$1")
-folder=$(mktemp -d)
-trap 'rm -rf "$folder"' EXIT
-cd "$folder" || exit 1
-
-failed=0
-fault() {
-    echo "$*" >&2
-    failed=1
-}
+source "$(dirname "${BASH_SOURCE[0]}")/delivery_lib.sh"
 
 # expect STATUS LINES WHAT - of the last run, whose standard error is in the file errors.
 expect() {
