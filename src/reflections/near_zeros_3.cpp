@@ -5,9 +5,9 @@
 
 namespace {
 
-constexpr double pi = 3.141592653589793;
-constexpr double longest = 0.02;   // half the length of an interval
-constexpr double rounding = 1e-9;  // far more than that of a table
+constexpr double half_turn = 3.141592653589793;  // in radians
+constexpr double longest = 0.02;                 // half the length of an interval
+constexpr double rounding = 1e-9;                // far more than that of a table
 
 double fraction(double x) { return x - std::floor(x); }
 
@@ -15,7 +15,7 @@ double fraction(double x) { return x - std::floor(x); }
 
 void near_zeros_3::set_up(double angle, int n) {
     multiples_.set_n(n);
-    for (int l = 0; l < n; ++l) multiples_[l] = {fraction(l * angle / pi), l};
+    for (int l = 0; l < n; ++l) multiples_[l] = {fraction(l * angle / half_turn), l};
     sort(multiples_);
 }
 
@@ -23,7 +23,7 @@ bool near_zeros_3::find(const phase_factor_3& c, double limit, int_list_3& found
     const double size = std::max(std::abs(c.re), std::abs(c.im));  // at most |c|
     if (!(limit < 2.0 * longest * size)) return false;
     const double half = limit / (2.0 * size) + rounding;
-    const double begin = fraction(0.5 - half - std::atan2(c.im, c.re) / pi);
+    const double begin = fraction(0.5 - half - std::atan2(c.im, c.re) / half_turn);
     const multiple* const end = multiples_.end();
     const multiple* m = std::lower_bound(
         multiples_.begin(), end, begin,
