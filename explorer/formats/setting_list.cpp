@@ -58,7 +58,8 @@ bool fits_facts(const setting& row, const std::string& word) {
 
 bool fits_symbol(const setting& row, const std::string& word) {
     return squeezed(lower_case(row.symbol)).find(squeezed(word)) != std::string::npos ||
-           squeezed(lower_case(row.full_symbol)).find(squeezed(word)) != std::string::npos;
+           squeezed(lower_case(row.full_symbol)).find(squeezed(word)) != std::string::npos ||
+           squeezed(lower_case(row.name())) == squeezed(word);
 }
 
 template <class Test>

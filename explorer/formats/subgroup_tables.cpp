@@ -77,7 +77,7 @@ std::string subgroups_text(const space_group& group, const std::vector<subgroup>
     std::string result = heading(group, "Maximal translationengleiche subgroups", colour);
     if (subgroups.empty()) return result + "none\n";
     return result + table_with("class", rows_of(subgroups)) +
-           "\nSubgroups of one class are conjugate. Axes and origin are in those of " + group.name +
+           "\nSubgroups of one class are conjugate. Axes and origin are those in " + group.name +
            ".\n";
 }
 

@@ -1,6 +1,7 @@
 #include "group/names.h"
 
 #include <algorithm>
+#include <cctype>
 
 #include "group/assumptions.h"
 #include "group/hall_symbol.h"
@@ -20,9 +21,11 @@ void check_length(std::string_view symbol) {
     }
 }
 
+// The symbols of colourless groups are those of space groups, which a slip may run together to.
 void refuse_magnetic(std::string_view symbol) {
     const magnetic_facts* const magnetic = find_magnetic_exactly(symbol);
-    if (magnetic == nullptr) return;
+    const bool is_number = symbol.find('.') != std::string_view::npos;
+    if (magnetic == nullptr || (magnetic->type == 1 && !is_number)) return;
     throw unknown_symbol(in_quotes(symbol) + " names no space group but a magnetic one, " +
                          std::string(magnetic->bns_number) + " " +
                          std::string(magnetic->bns_symbol));
@@ -34,7 +37,8 @@ void refuse_magnetic(std::string_view symbol) {
         throw unknown_symbol(start + ": nothing follows the colon");
     }
     if (is_group_number(parts.base) && parts.mark.empty()) {
-        throw unknown_symbol(start + ": their numbers run from 1 to 230");
+        throw unknown_symbol(start + ": their numbers run from 1 to 230" +
+                             near_text(names_with_lattice(parts)));
     }
     refuse_magnetic(symbol);
     throw unknown_symbol(start + near_text(near_names(parts)));
@@ -53,9 +57,30 @@ const setting* find_tabulated_hall(const std::string& text) {
     return nullptr;
 }
 
+// Whether a bracket holds new coordinates or a shift, not the digit of a screw or a letter.
+bool has_change_of_basis(const std::string& text) {
+    const std::size_t bracket = text.find('(');
+    if (bracket == std::string::npos) return false;
+    const std::string inner = plain_symbol(text.substr(bracket + 1));
+    const std::size_t end = std::min(inner.find(" )"), inner.size());
+    return inner.substr(0, std::min(end, inner.find(')'))).find_first_of(" ,xyz") !=
+           std::string::npos;
+}
+
+// `-R3` is a slip in R -3.
+bool has_minus_too_early(std::string text) {
+    if (text.size() < 3 || text[0] != '-' || text[2] == ' ') return false;
+    std::swap(text[0], text[1]);
+    return find_named_setting(parts_of_symbol(text)) != nullptr;
+}
+
 // Whether a text can be nothing but a Hall symbol.
 bool is_plainly_hall(const std::string& text) {
-    return text.starts_with('-') || text.find_first_of("'\"*(", 1) != std::string::npos;
+    if (has_change_of_basis(text) || text.find_first_of("\"*") != std::string::npos) return true;
+    if (text.size() > 1 && text[0] == '-') {
+        return std::isalpha(static_cast<unsigned char>(text[1])) != 0 && !has_minus_too_early(text);
+    }
+    return text.find('\'') != std::string::npos && words_of(text)[0].size() == 1;
 }
 
 // Whether a text is rather a Hall symbol than a slip such as `P 21 2` or `P 21n`: it has axes or

@@ -23,7 +23,7 @@ struct named_group {
 ///  - the names of the catalogue: Hermann-Mauguin symbols, short, full, old and new ones, and
 ///    numbers, with a choice (`:1`, `:2`, `:H`, `:R`, a trailing S, Z, H or R) or the axes and the
 ///    cell choice (`14:b2`, `P 21/c:c`). A bare name means what it means to lomar6;
-///  - symbols in which some parts are short and others full, `H 3` and `H 3 2` of protein files;
+///  - symbols in which some parts are short and others full, `H 3 2` of protein files;
 ///  - Schoenflies symbols: `C2h^5`, `C2h5`;
 ///  - Hall symbols, with their blanks. `hall:` before a symbol leaves the others out.
 ///

@@ -32,7 +32,7 @@ bool are_near_keys(char a, char b) {
 
 // A character that was typed and is not in the name; `before` and `after` are its neighbours.
 int cost_of_extra(char c, char before, char after) {
-    if (c == '-' || c == '\'') return 500;
+    if (c == '\'') return 500;
     if (c == '_') return 300;
     return c == before || c == after || c == '1' ? 700 : 900;
 }
@@ -136,6 +136,11 @@ struct spelled_setting {
     const setting* row;
     int rank;
     std::vector<std::string> spellings;
+    std::size_t n_words;        // of the symbol
+    std::size_t n_short_words;  // without the 1 of directions that have nothing
+
+    // Whether one may have typed so many words. Two tell nothing: `P 212121`.
+    bool may_have_words(std::size_t n) const { return n < 3 || n == n_words || n == n_short_words; }
 };
 
 // One setting of each choice of origin or axes, by rank.
@@ -144,7 +149,10 @@ const std::vector<spelled_setting>& spelled_settings() {
         std::vector<spelled_setting> result;
         for (const setting& row : settings()) {
             if (row.choice == "2" || row.choice == "R") continue;
-            result.push_back({&row, rank_of(row), spellings_of(row)});
+            const std::vector<std::string> words = words_of(row.symbol);
+            const auto n_ones = std::count(words.begin(), words.end(), "1");
+            result.push_back({&row, rank_of(row), spellings_of(row), words.size(),
+                              words.size() - static_cast<std::size_t>(n_ones)});
         }
         std::stable_sort(result.begin(), result.end(),
                          [](const auto& a, const auto& b) { return a.rank < b.rank; });
@@ -170,6 +178,14 @@ std::string name_with_mark(const setting& row, const std::string& mark) {
                                                                            : name;
 }
 
+std::vector<std::string> settings_of(int number) {
+    std::vector<std::string> result;
+    for (const setting& row : settings()) {
+        if (row.number == number && result.size() < most_suggestions) result.push_back(row.name());
+    }
+    return result;
+}
+
 // The base is a name, the mark is not one of its settings': the settings, and the name that the
 // colon may have been a slip in.
 std::vector<std::string> names_for_mark(const symbol_parts& typed) {
@@ -178,6 +194,7 @@ std::vector<std::string> names_for_mark(const symbol_parts& typed) {
     bare.has_colon = false;
     const setting* const row = find_named_setting(bare);
     if (row == nullptr) return {};
+    if (is_group_number(typed.base)) return settings_of(row->number);
     std::vector<std::string> result = {std::string(row->symbol)};
     for (const setting& other : settings()) {
         if (other.number == row->number && other.symbol == row->symbol && !other.choice.empty()) {
@@ -213,24 +230,52 @@ std::vector<std::string> nearest(std::vector<std::pair<int, std::string>> found)
     return result;
 }
 
+namespace {
+
+// Whether a symbol begins with the number of a group without axes to name: `1Cc1` is a slip.
+bool is_split_name(const symbol_parts& typed) {
+    constexpr int first_with_axes = 3;
+    return is_group_number(typed.base) && typed.base.size() == 1 &&
+           typed.base[0] < '0' + first_with_axes && typed.base != squeezed(typed.plain);
+}
+
+}  // namespace
+
+std::vector<std::string> names_with_lattice(const symbol_parts& typed) {
+    constexpr std::string_view letters = "pcifrab";
+    if (typed.plain.empty() || letters.find(typed.plain[0]) != std::string_view::npos) return {};
+    std::vector<std::string> result;
+    for (const char letter : letters) {
+        const symbol_parts whole = parts_of_symbol(letter + typed.plain);
+        const setting* const row = find_named_setting(whole);
+        if (row != nullptr) result.push_back(name_with_mark(*row, typed.mark));
+    }
+    return result;
+}
+
 std::vector<std::string> near_names(const symbol_parts& typed) {
+    if (std::vector<std::string> names = names_with_lattice(typed); !names.empty()) return names;
     const bool is_letter_mark = typed.mark == "h" && !typed.has_colon;
-    if (!typed.mark.empty() && !is_letter_mark) {
+    const bool is_name = is_split_name(typed);
+    if (!typed.mark.empty() && !is_letter_mark && !is_name) {
         std::vector<std::string> result = names_for_mark(typed);
         if (!result.empty()) return result;
     }
     std::vector<std::string> with_axis;
     for (const setting* const row : settings_with_axis(typed)) with_axis.emplace_back(row->symbol);
     if (!with_axis.empty()) return with_axis;
-    const std::string base = typed.base + (is_letter_mark ? "h" : "");
+    const std::string base = typed.base + (is_name ? typed.mark : is_letter_mark ? "h" : "");
     // A short text is near to everything.
-    const int farthest = std::min(3500, static_cast<int>(base.size()) * 600);
+    const int farthest = std::clamp(static_cast<int>(base.size()) * 600, 850, 3500);
+    const std::size_t n_words = words_of(typed.plain).size();
     std::vector<std::pair<int, std::string>> found;
     for (const spelled_setting& known : spelled_settings()) {
         const int distance = distance_to(base, known, farthest);
         constexpr int unusual = 150;
+        constexpr int other_words = 250;
         if (distance == farthest) continue;
-        found.emplace_back(distance + (known.rank < 100 ? 0 : unusual),
+        found.emplace_back(distance + (known.rank < 100 ? 0 : unusual) +
+                               (known.may_have_words(n_words) ? 0 : other_words),
                            name_with_mark(*known.row, typed.mark));
     }
     return nearest(std::move(found));

@@ -22,6 +22,10 @@ int slips_between(std::string_view typed, std::string_view name, int limit);
 /// rhombohedral groups are one name, which has the choice if the symbol had one.
 std::vector<std::string> near_names(const symbol_parts& typed);
 
+/// Names that a symbol is with a lattice letter before it: of `-42m` P -4 2 m and others. Empty for
+/// one that begins with such a letter.
+std::vector<std::string> names_with_lattice(const symbol_parts& typed);
+
 /// The texts of the least distances: each once, at most ten, none much farther than the first. Of
 /// equal distances the first of the list is first.
 std::vector<std::string> nearest(std::vector<std::pair<int, std::string>> found);

@@ -92,11 +92,11 @@ const setting* with_mark(const setting& row, const symbol_parts& symbol) {
     return find_catalogue_name(std::to_string(row.number) + ":" + mark);
 }
 
-// Symbols of protein files.
-const setting* find_hexagonal_symbol(std::string_view base) {
-    if (base == "h3") return find_setting("R 3:H");
-    if (base == "h32") return find_setting("R 3 2:H");
-    return nullptr;
+// Symbols of protein files, `H 3 2`: R on hexagonal axes.
+const setting* find_hexagonal_symbol(const std::string& base) {
+    if (!base.starts_with('h')) return nullptr;
+    const setting* const row = find_catalogue_name("r" + base.substr(1));
+    return row != nullptr && row->choice == "H" ? row : nullptr;
 }
 
 // A Schoenflies symbol with today's letters for those of older tables.

@@ -28,6 +28,7 @@ TEST(SettingList, Words) {
         {{"enantiomorphic"}, 22, "P 41"},
         {{"21/c", "14"}, 2, "P 1 21/c 1"},
         {{"cab", "62"}, 1, "P b n m"},
+        {{"Pnnn:2"}, 1, "P n n n:2"},
         {{":2", "tetragonal", "P"}, 10, "P 4/n:2"},
         {{"cubic", "monoclinic"}, 0, ""},
     };

@@ -130,6 +130,12 @@ TEST(Suggestions, NearestFirst) {
         {"P 31 2", {"P 3 1 2", "P 31 1 2", "P 31 2 1"}},
         {"Fdd3m:2", {"F d -3 m:2"}},
         {"R-33m:R", {"R -3 m:R"}},
+        {"-42m", {"P -4 2 m", "C -4 2 m", "I -4 2 m"}},
+        {"2cb", {"P 2 c b"}},
+        {"1Cc1", {"C 1 c 1"}},
+        {"P 3 3", {"P 2 3"}},
+        {"P-2", {"P -1"}},
+        {"14:b9", {"P 1 21/c 1", "P 1 21/n 1", "P 1 21/a 1"}},
     };
     for (const auto& one : cases) {
         const std::vector<std::string> names = near_names(parts_of_symbol(one.typed));
