@@ -82,8 +82,18 @@ std::string too_many(const CLI::App& app) {
 
 // `--format: At Most 1 required but received 2`, in plain words.
 std::string told_mismatch(const std::string& message) {
-    const std::size_t end = message.find(": At Most 1 ");
-    return end == std::string::npos ? message : message.substr(0, end) + " is given twice";
+    const std::size_t twice = message.find(": At Most 1 ");
+    if (twice != std::string::npos) return message.substr(0, twice) + " is given twice";
+    const std::size_t few = message.find(": At least ");
+    return few == std::string::npos ? message : message.substr(0, few) + " lacks a value";
+}
+
+// `Could not convert: --limits = 1,1,x`, in plain words.
+std::string told_conversion(const std::string& message) {
+    const std::size_t name = message.find("--");
+    const std::size_t value = message.find(" = ");
+    if (name == std::string::npos || value == std::string::npos) return message;
+    return message.substr(name, value - name) + " can't be '" + message.substr(value + 3) + "'";
 }
 
 // False when help was asked for.
@@ -100,6 +110,8 @@ bool parse(CLI::App& app, const command& which, const std::vector<std::string>& 
         fault = too_many(app);
     } catch (const CLI::ArgumentMismatch& error) {
         fault = told_mismatch(error.what());
+    } catch (const CLI::ConversionError& error) {
+        fault = told_conversion(error.what());
     } catch (const std::exception& error) {
         fault = error.what();
     }

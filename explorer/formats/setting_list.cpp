@@ -6,6 +6,8 @@
 #include "formats/csv.h"
 #include "formats/json.h"
 #include "formats/text_layout.h"
+#include "group/catalogue_names.h"
+#include "group/symbol_search.h"
 #include "group/symbol_text.h"
 #include "group/text_fields.h"
 
@@ -56,11 +58,27 @@ bool fits_facts(const setting& row, const std::string& word) {
            fits_schoenflies(row, word) || fits_setting(row, word);
 }
 
-bool fits_symbol(const setting& row, const std::string& word) {
-    return squeezed(lower_case(row.symbol)).find(squeezed(word)) != std::string::npos ||
-           squeezed(lower_case(row.full_symbol)).find(squeezed(word)) != std::string::npos ||
-           squeezed(lower_case(row.name())) == squeezed(word);
+bool contains(std::string_view symbol, const std::string& word) {
+    return squeezed(lower_case(symbol)).find(word) != std::string::npos;
 }
+
+// The group that a word names, in the settings that it leaves open.
+class named_settings {
+public:
+    explicit named_settings(const std::string& word)
+        : word_(word), typed_(parts_of_symbol(word)), row_(find_named_setting(typed_)) {}
+
+    bool fits(const setting& row) const {
+        if (lower_case(row.hall) == word_) return true;
+        if (row_ == nullptr || typed_.has_colon || !typed_.mark.empty()) return &row == row_;
+        return row.number == row_->number && row.symbol == row_->symbol;
+    }
+
+private:
+    std::string word_;
+    symbol_parts typed_;
+    const setting* row_;
+};
 
 template <class Test>
 std::vector<const setting*> all_that_fit(Test fits) {
@@ -74,8 +92,17 @@ std::vector<const setting*> all_that_fit(Test fits) {
 std::vector<const setting*> settings_for_word(const std::string& typed) {
     const std::string word = plain_symbol(typed.substr(0, longest_symbol));
     auto result = all_that_fit([&](const setting& row) { return fits_facts(row, word); });
-    if (result.empty() && !squeezed(word).empty()) {
-        result = all_that_fit([&](const setting& row) { return fits_symbol(row, word); });
+    const std::string part = squeezed(word);
+    if (result.empty() && !part.empty()) {
+        const named_settings named(word);
+        result = all_that_fit([&](const setting& row) {
+            return named.fits(row) || contains(row.symbol, part) ||
+                   short_key(row).find(part) != std::string::npos;
+        });
+        if (result.empty()) {
+            result =
+                all_that_fit([&](const setting& row) { return contains(row.full_symbol, part); });
+        }
     }
     if (result.empty()) {
         throw std::runtime_error(in_quotes(typed) +

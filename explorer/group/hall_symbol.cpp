@@ -114,7 +114,7 @@ public:
         end_ = bracket;
         read_lattice();
         while (skip_blanks() < end_) read_rotation();
-        if (generators_.empty()) refuse("a rotation must follow the lattice letter", at_);
+        if (n_rotations_ == 0) refuse("a rotation must follow the lattice letter", at_);
         hall_group result;
         result.symbol = canonical();
         try {

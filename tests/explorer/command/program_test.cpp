@@ -80,7 +80,8 @@ INSTANTIATE_TEST_SUITE_P(
         usage_case{{"reflections", "P 1"}, 2, "either --limits or --cell"},
         usage_case{{"reflections", "P 1", "--limits", "1", "1"}, 2, "--limits lacks a value"},
         usage_case{{"reflections", "P 1", "--limits", "1", "-1", "1"}, 2, "below 0"},
-        usage_case{{"reflections", "P 1", "--limits", "1", "x", "1"}, 2, "--limits"},
+        usage_case{
+            {"reflections", "P 1", "--limits", "1", "x", "1"}, 2, "--limits can't be '1,x,1'"},
         usage_case{{"reflections", "P 1", "--limits", "1", "99999999999", "1"}, 2, "--limits"},
         usage_case{{"reflections", "P 1", "--limits", "999999", "1", "1"}, 1, "too large"},
         usage_case{{"reflections", "P 1", "--limits", "1", "1", "1", "--wavelength", "1"},

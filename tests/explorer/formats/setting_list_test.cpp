@@ -29,6 +29,11 @@ TEST(SettingList, Words) {
         {{"21/c", "14"}, 2, "P 1 21/c 1"},
         {{"cab", "62"}, 1, "P b n m"},
         {{"Pnnn:2"}, 1, "P n n n:2"},
+        {{"P21/c"}, 2, "P 1 21/c 1"},
+        {{"Fd3m"}, 2, "F d -3 m:1"},
+        {{"C m c e"}, 1, "C m c a"},
+        {{"-P 2ybc"}, 1, "P 1 21/c 1"},
+        {{"2/e"}, 18, "C m m a"},
         {{":2", "tetragonal", "P"}, 10, "P 4/n:2"},
         {{"cubic", "monoclinic"}, 0, ""},
     };

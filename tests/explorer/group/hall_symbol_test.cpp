@@ -111,6 +111,7 @@ TEST(HallSymbol, IllegalOnes) {
         {"-", "it must begin with a lattice letter, one of PABCIRSTFH (at character 2)"},
         {"P2", "a blank must follow the lattice letter (at character 2)"},
         {"P", "a rotation must follow the lattice letter (at character 2)"},
+        {"-P", "a rotation must follow the lattice letter (at character 3)"},
         {"P 5", "a rotation is 1, 2, 3, 4 or 6 (at character 3)"},
         {"P 2 -", "a rotation is 1, 2, 3, 4 or 6 (at character 6)"},
         {"P 2e", "no axis, screw or translation is written so (at character 4)"},
