@@ -19,6 +19,7 @@ install(DIRECTORY src/ DESTINATION "${CMAKE_INSTALL_INCLUDEDIR}/lomar6"
     FILES_MATCHING PATTERN "*.h")
 install(FILES ${data_files} DESTINATION "${data_dir}")
 install(FILES ${doc_files} DESTINATION "${doc_dir}")
+install(DIRECTORY docs/pictures DESTINATION "${doc_dir}")
 install(FILES docs/lomar6.1 DESTINATION "${CMAKE_INSTALL_MANDIR}/man1")
 
 install(EXPORT lomar6_targets NAMESPACE lomar6:: DESTINATION "${package_dir}")

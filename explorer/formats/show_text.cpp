@@ -42,8 +42,10 @@ std::string facts_text(const group_report& report) {
     text += wrapped("Class",
                     {std::string(row.crystal_system), "point group " + std::string(row.point_group),
                      "Laue class " + std::string(row.laue_class)});
-    text += wrapped("Lattice", {lattice_text(group),
-                                std::to_string(group.operators.size()) + " operators in the cell"});
+    const std::size_t order = group.operators.size();
+    text += wrapped("Lattice", {lattice_text(group), std::to_string(order) +
+                                                         (order == 1 ? " operator" : " operators") +
+                                                         " in the cell"});
     text += wrapped("Properties", properties(row));
     std::vector<std::string> polar;
     for (const int_vector& direction : polar_directions(group))

@@ -28,6 +28,9 @@ expect "show" sh
 expect "--help --version" --
 expect "json" show P1 --format j
 expect "xyz" show --format x
+expect "json" show --format = j
+expect "generators" identify --from g
+expect "elements positions both" draw P1 --what ""
 expect "--format" show P1 --f
 expect "file.cif" show P1 -o "fi"
 expect "file.cif" identify "f"
