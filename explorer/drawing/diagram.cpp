@@ -50,8 +50,8 @@ std::string diagram_svg(std::span<const symop> operators, const diagram_options&
     double height = 0;
     for (const picture& page : pages) {
         panels.push_back(page.finish());
-        width += panels.back().width;
-        height = std::max(height, panels.back().height);
+        width = std::max(width, panels.back().width);
+        height += panels.back().height;
     }
     svg_writer out;
     write_head(out, options, width, height);
@@ -59,14 +59,16 @@ std::string diagram_svg(std::span<const symop> operators, const diagram_options&
     out.open("desc").attribute("id", options.prefix + "desc");
     out.text(description_of(pages.front())).close();
     if (options.standalone) out.open("style").markup(diagram_style()).close();
-    double x = 0;
+    double y = 0;
     for (const picture::panel& panel : panels) {
+        const double x = (width - panel.width) / 2;
         if (panels.size() > 1) {
-            out.open("g").attribute("transform", "translate(" + svg_number(x) + ")");
+            out.open("g").attribute("transform",
+                                    "translate(" + svg_number(x) + " " + svg_number(y) + ")");
         }
         out.markup(panel.markup);
         if (panels.size() > 1) out.close();
-        x += panel.width;
+        y += panel.height;
     }
     out.close();
     return out.result() + "\n";
@@ -85,13 +87,14 @@ int customary_axis(std::span<const symop> operators) {
 }
 
 std::string_view diagram_style() {
-    return ".lomar-diagram{color:#111;background:#fff;max-width:100%;height:auto}"
-           ".lomar-diagram text{font:12px "
-           "sans-serif;fill:currentColor;stroke:#fff;stroke-width:3px;"
+    return ".lomar-diagram{color:#111;background:#fff;max-width:100%;height:auto;"
+           "font:12px sans-serif}"
+           ".lomar-diagram .dense{font-size:15px}"
+           ".lomar-diagram text{fill:currentColor;stroke:#fff;stroke-width:3px;"
            "stroke-linejoin:round;paint-order:stroke}"
-           ".lomar-diagram .axis{font:italic 15px serif}"
-           ".lomar-diagram .small{font-size:10px}"
-           ".lomar-diagram .list{font-size:11px;white-space:pre}"
+           ".lomar-diagram .axis{font:italic 1.25em serif}"
+           ".lomar-diagram .small{font-size:.83em}"
+           ".lomar-diagram .list{font-size:.92em;white-space:pre}"
            ".lomar-diagram use{fill:currentColor}"
            ".lomar-diagram g>path{stroke-width:1.7}"
            ".lomar-diagram .cell{stroke-width:.8}"

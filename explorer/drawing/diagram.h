@@ -26,9 +26,9 @@ struct diagram_options {
 };
 
 /// The symmetry elements of a group in projection along a cell axis, its general positions, or both
-/// side by side, as SVG. The operators are all of the cell, centring copies among them; nothing
-/// else is needed. The first drawn axis (a, in the view along c) runs down the page, the second to
-/// the right, the third towards the reader. Equal input gives equal bytes.
+/// one above the other, as SVG. The operators are all of the cell, centring copies among them;
+/// nothing else is needed. The first drawn axis (a, in the view along c) runs down the page, the
+/// second to the right, the third towards the reader. Equal input gives equal bytes.
 ///
 /// Symbols are those of International Tables for Crystallography A (2016), tables 2.1.2.1 to
 /// 2.1.2.7, the tails of right-handed screws turning anticlockwise. An axis in the page, or a plane
@@ -44,6 +44,10 @@ struct diagram_options {
 ///                   a point, `x,1/4` for a line, `x,y` for a plane of the page
 ///   data-height     the height of its point, line or plane, where it has one
 ///   data-direction  of an inclined axis: `1 1 1`
+/// Where there is too much for a page, only the part of the cell is drawn that translations repeat,
+/// such as the quarter of cubic groups with all faces centred: an element then has the operators of
+/// all that it stands for, and the picture's outermost group the attribute
+///   data-part       how much of the drawn axes is there: `1/2,1/2`
 /// What can't be drawn, planes inclined to the page and antitranslations, is listed beneath in
 /// groups of class "unshown", whose data-at holds all places as locations in the cell.
 ///

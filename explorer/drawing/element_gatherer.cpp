@@ -2,18 +2,13 @@
 
 #include <algorithm>
 #include <numeric>
+#include <set>
 
 #include "analysis/symmetry_element.h"
 
 namespace lomar {
 
 namespace {
-
-std::vector<symop> all_to_view(std::span<const symop> operators, int axis) {
-    std::vector<symop> result;
-    for (const symop& op : operators) result.push_back(to_view(op, axis));
-    return result;
-}
 
 std::string letters_of_view(int axis) {
     const auto first = static_cast<std::size_t>(axis + 1);
@@ -39,25 +34,39 @@ void append(std::vector<std::size_t>& to, const std::vector<std::size_t>& from) 
     to.erase(std::unique(to.begin(), to.end()), to.end());
 }
 
-// The offsets that differ by whole numbers and whose line has more than a corner of the cell.
-std::vector<page_line> lines_in_cell(const std::array<int, 2>& line, const fraction& offset) {
+// The offsets that differ by multiples of `part` and whose line has more than a corner of the
+// square from 0 to `part`.
+std::vector<page_line> lines_in_cell(const std::array<int, 2>& line, const fraction& offset,
+                                     const fraction& part) {
     const int corners[] = {0, line[0], line[1], line[0] + line[1]};
-    const fraction lowest(*std::min_element(std::begin(corners), std::end(corners)));
-    const fraction highest(*std::max_element(std::begin(corners), std::end(corners)));
+    const int lowest_corner = *std::min_element(std::begin(corners), std::end(corners));
+    const int highest_corner = *std::max_element(std::begin(corners), std::end(corners));
+    const fraction lowest = part * fraction(lowest_corner);
+    const fraction highest = part * fraction(highest_corner);
     const bool along_edge = line[0] == 0 || line[1] == 0;
     std::vector<page_line> result;
-    for (fraction at = lowest + (offset - lowest).modulo_one(); at <= highest; at += 1) {
+    for (fraction at = lowest + part * ((offset - lowest) / part).modulo_one(); at <= highest;
+         at += part) {
         if (along_edge || (lowest < at && at < highest)) result.push_back({line, at});
     }
     return result;
 }
 
-std::vector<std::array<fraction, 2>> places_in_cell(const fraction& down, const fraction& right) {
+std::vector<std::array<fraction, 2>> places_in_cell(const fraction& down, const fraction& right,
+                                                    const fraction& part) {
     std::vector<std::array<fraction, 2>> result;
     for (int i = 0; i < 4; ++i) {
-        const std::array<fraction, 2> place = {down + fraction(i / 2), right + fraction(i % 2)};
-        if (place[0] <= 1 && place[1] <= 1) result.push_back(place);
+        const std::array<fraction, 2> place = {down + part * fraction(i / 2),
+                                               right + part * fraction(i % 2)};
+        if (place[0] <= part && place[1] <= part) result.push_back(place);
     }
+    return result;
+}
+
+// The rotations and screws of a line, in an order of their own.
+std::set<std::array<int, 3>> kinds_of(const std::vector<axis_member>& members) {
+    std::set<std::array<int, 3>> result;
+    for (const axis_member& each : members) result.insert({each.kind, each.screw, each.time});
     return result;
 }
 
@@ -67,7 +76,7 @@ element_gatherer::element_gatherer(std::span<const symop> all, int axis)
     : given(all),
       view(axis),
       letters(letters_of_view(axis)),
-      operators(all_to_view(all, axis)),
+      operators(to_view(all, axis)),
       translations(operators) {
     for (std::size_t op = 0; op < operators.size(); ++op) {
         if (translations.is_grey()) operators[op].time = 1;
@@ -84,7 +93,7 @@ void element_gatherer::gather(std::size_t op) {
     const int n = action.spread;
     for (int i = 0; i < n * n * n; ++i) {
         scaled_vector shift = {i / (n * n), i / n % n, i % n};
-        for (std::int64_t& part : shift) part *= translations.unit();
+        for (std::int64_t& steps : shift) steps *= translations.unit();
         if (action.kind == -2) {
             add_plane(action, op, shift);
             continue;
@@ -156,8 +165,50 @@ std::string element_gatherer::location_of(std::size_t op, const scaled_vector& s
     return location_text(element_of(shifted));
 }
 
+bool element_gatherer::repeats_by_halves() const {
+    const std::int64_t half = translations.unit() / 2;
+    const std::array<std::int64_t, 2> steps[] = {{half, 0}, {0, half}};
+    const auto has_all_shifted = [&](const auto& step) {
+        return std::all_of(inclined.begin(), inclined.end(), [&](const auto& axis) {
+            line_key key = axis.first;
+            for (std::size_t i = 0; i < 2; ++i) {
+                key.place[i] = translations.modulo_one(key.place[i] + step[i]);
+            }
+            const auto found = inclined.find(key);
+            return found != inclined.end() && kinds_of(found->second) == kinds_of(axis.second);
+        });
+    };
+    return std::all_of(std::begin(steps), std::end(steps), [&](const auto& step) {
+        return translations.has_over({step[0], step[1]}) && has_all_shifted(step);
+    });
+}
+
+void element_gatherer::draw_quarter() {
+    part = {1, 2};
+    const std::int64_t half = translations.unit() / 2;
+    for (lines* each : {&normal, &flat, &inclined}) {
+        lines folded;
+        for (auto& [key, members] : *each) {
+            line_key place = key;
+            place.place[0] %= half;
+            if (each != &flat) place.place[1] %= half;
+            auto& all = folded[place];
+            all.insert(all.end(), members.begin(), members.end());
+        }
+        each->swap(folded);
+    }
+    std::map<plane_key, plane_group> folded;
+    for (const auto& [key, group] : planes) {
+        plane_key place = key;
+        if (key.plane[2] == 0) place.offset %= half;
+        append(folded.try_emplace(place, group).first->second.operators, group.operators);
+    }
+    planes.swap(folded);
+}
+
 element_set element_gatherer::take() const {
     element_set set;
+    set.part = part;
     set.is_grey = translations.is_grey();
     take_points(set, normal);
     take_points(set, inclined);
@@ -181,7 +232,7 @@ void element_gatherer::take_points(element_set& set, const lines& from) const {
             }
             element.is_mate = &symbol != symbols.data();
             for (const auto& place : places_in_cell(translations.exact(key.place[0]),
-                                                    translations.exact(key.place[1]))) {
+                                                    translations.exact(key.place[1]), part)) {
                 element.place = place;
                 set.points.push_back(element);
             }
@@ -207,7 +258,7 @@ void element_gatherer::take_flat_axes(element_set& set) const {
         }
     }
     for (auto& [key, element] : merged) {
-        for (const page_line& line : lines_in_cell(element.line.line, element.line.offset)) {
+        for (const page_line& line : lines_in_cell(element.line.line, element.line.offset, part)) {
             set.flat_axes.push_back(element);
             set.flat_axes.back().line = line;
         }
@@ -234,7 +285,7 @@ void element_gatherer::take_steep_plane(element_set& set, const plane_key& key,
     plane.is_mate = key.time < 0 && planes.contains({key.plane, key.offset, 1});
     plane.operators = group.operators;
     for (const page_line& line :
-         lines_in_cell({key.plane[0], key.plane[1]}, translations.exact(key.offset))) {
+         lines_in_cell({key.plane[0], key.plane[1]}, translations.exact(key.offset), part)) {
         plane.line = line;
         set.steep_planes.push_back(plane);
     }

@@ -14,7 +14,13 @@ class element_gatherer {
 public:
     element_gatherer(std::span<const symop> operators, int axis);
 
-    /// Takes the elements that meet the closed cell.
+    /// Whether what is drawn repeats after half of either drawn axis.
+    bool repeats_by_halves() const;
+    /// Has a quarter of the cell drawn: each element then stands for all that the translations make
+    /// of it. For groups that repeat by halves.
+    void draw_quarter();
+
+    /// Takes the elements that meet the closed cell, or its quarter.
     element_set take() const;
 
 private:
@@ -53,6 +59,7 @@ private:
 
     std::span<const symop> given;
     int view;
+    fraction part = 1;
     std::string letters;
     std::vector<symop> operators;
     lattice translations;

@@ -27,8 +27,19 @@ symop to_view(const symop& op, int axis) {
     return result;
 }
 
+std::vector<symop> to_view(std::span<const symop> operators, int axis) {
+    std::vector<symop> result;
+    for (const symop& op : operators) result.push_back(to_view(op, axis));
+    return result;
+}
+
 element_set elements_of(std::span<const symop> operators, int axis) {
-    return element_gatherer(operators, axis).take();
+    constexpr std::size_t many = 60;
+    element_gatherer gatherer(operators, axis);
+    element_set whole = gatherer.take();
+    if (whole.points.size() <= many || !gatherer.repeats_by_halves()) return whole;
+    gatherer.draw_quarter();
+    return gatherer.take();
 }
 
 }  // namespace lomar

@@ -16,6 +16,7 @@ namespace lomar {
 /// right, the third, along which one looks, towards the reader.
 int_vector to_view(const int_vector& v, int axis);
 symop to_view(const symop& op, int axis);
+std::vector<symop> to_view(std::span<const symop> operators, int axis);
 
 /// A straight line in the page: line[0] down + line[1] right = offset.
 struct page_line {
@@ -75,12 +76,16 @@ struct element_set {
     std::vector<steep_plane> steep_planes;
     std::vector<flat_plane> flat_planes;
     std::vector<unshown_element> unshown;
+    fraction part = 1;     ///< of the drawn axes that is drawn
     bool is_grey = false;  ///< every operator is there with and without time reversal
 };
 
 /// The operators are all of the cell (modulo the integer translations, centring copies among
 /// them). `axis` is 0, 1 or 2: the view along a, b or c. The letters of glide planes are those of
-/// the cell's axes. Throws std::domain_error for an operator that no crystal has, and as lattice.
+/// the cell's axes. Where there are many elements, and all repeat after half of either drawn axis,
+/// the set is that of the quarter of the cell at the origin, as in printed tables: its elements
+/// have the operators of all that they stand for. Throws std::domain_error for an operator that no
+/// crystal has, and as lattice.
 element_set elements_of(std::span<const symop> operators, int axis);
 
 }  // namespace lomar

@@ -1,79 +1,15 @@
 #include <algorithm>
 #include <cmath>
 #include <map>
+#include <set>
 
 #include "drawing/element_set.h"
+#include "drawing/line_in_page.h"
 #include "drawing/picture.h"
 
 namespace lomar {
 
 namespace {
-
-// One coordinate of a line: a letter with a factor, and a number.
-std::string coordinate_text(const fraction& factor, char letter, const fraction& constant) {
-    std::string result;
-    if (!factor.is_zero()) {
-        if (factor == fraction(-1)) {
-            result = "-";
-        } else if (factor != fraction(1)) {
-            result = factor.text();
-        }
-        result += letter;
-    }
-    if (constant.is_zero() && !result.empty()) return result;
-    if (!result.empty() && constant.num() > 0) result += '+';
-    return result + constant.text();
-}
-
-std::string line_text(const picture& page, const page_line& line) {
-    // The parameter is that of the coordinate that comes first in the cell.
-    const bool down_first = page.in_cell_order("0", "1") == "0,1";
-    const std::size_t first = down_first ? 0 : 1;
-    const fraction of_first(line.line[first]);
-    const fraction of_other(line.line[1 - first]);
-    std::string texts[2];
-    const char letter = page.coordinate(first);
-    if (of_other.is_zero()) {
-        texts[first] = (line.offset / of_first).text();
-        texts[1 - first] = page.coordinate(1 - first);
-    } else {
-        texts[first] = letter;
-        texts[1 - first] = coordinate_text(-of_first / of_other, letter, line.offset / of_other);
-    }
-    return page.in_cell_order(texts[0], texts[1]);
-}
-
-// The two points where a line crosses the border of the cell, in the page.
-struct segment {
-    page_vector from, to;
-};
-
-segment segment_of(const picture& page, const page_line& line) {
-    const double p = line.line[0];
-    const double q = line.line[1];
-    const double offset = line.offset.to_double();
-    // It runs along (q, -p) from the foot of the origin.
-    const double foot = offset / (p * p + q * q);
-    double least = -1e9;
-    double most = 1e9;
-    const double start[] = {foot * p, foot * q};
-    const double step[] = {q, -p};
-    for (std::size_t i = 0; i < 2; ++i) {
-        if (step[i] == 0) continue;
-        const double a = -start[i] / step[i];
-        const double b = (1 - start[i]) / step[i];
-        least = std::max(least, std::min(a, b));
-        most = std::min(most, std::max(a, b));
-    }
-    const auto at = [&](double t) {
-        return page.cell().at(start[0] + t * step[0], start[1] + t * step[1]);
-    };
-    segment result{at(least), at(most)};
-    // From the left, or from above, so that labels go to the right or below.
-    const page_vector along = result.to - result.from;
-    if (along.x < -1e-6 || (along.x < 1e-6 && along.y < 0)) std::swap(result.from, result.to);
-    return result;
-}
 
 page_vector sideways(page_vector v) { return {v.y, -v.x}; }
 
@@ -90,6 +26,7 @@ public:
         for (const point_element& element : set.points) paint(element);
         page.write_letters();
         paint_flat_planes();
+        page.write_part();
         paint_unshown();
         summarise();
     }
@@ -104,7 +41,7 @@ private:
     }
 
     void summarise() {
-        page.summary = "Drawn or listed, those on the border of the cell with them:";
+        page.summary += "Drawn or listed, those on the border with them:";
         const char* before = " ";
         for (const auto& [kind, count] : counts) {
             page.summary += before + std::to_string(count) + " of " + kind;
@@ -119,19 +56,34 @@ private:
         page.body.attribute("data-height", height.text());
     }
 
+    // One label does for all elements of one height that meet in a point.
+
+    using spot = std::array<long, 2>;
+    static spot spot_of(page_vector at) { return {std::lround(at.x), std::lround(at.y)}; }
+
+    void note_height(page_vector at, const fraction& height) {
+        heights[spot_of(at)].insert(height.text());
+    }
+
+    bool takes_label(page_vector at, const fraction& height) {
+        if (height.is_zero()) return false;
+        return heights[spot_of(at)].size() > 1 || labelled.insert(spot_of(at)).second;
+    }
+
     // Planes normal to the page.
 
     void paint(const steep_plane& element) {
         constexpr const char* classes[] = {"mirror", "along", "up", "both", "diagonal", "diagonal"};
-        segment line = segment_of(page, element.line);
+        segment line = segment_of(page.cell(), element.line);
         const page_vector along = unit(line.to - line.from);
         if (element.is_mate) {
             line.from = line.from + 3 * sideways(along);
             line.to = line.to + 3 * sideways(along);
         }
+        page.labels.avoid(line.from, line.to);
         open("element", element.operators,
              element.symbol.letter + std::string(element.is_primed ? "'" : ""),
-             line_text(page, element.line));
+             text_of(page, element.line));
         std::string line_class = classes[static_cast<int>(element.symbol.style)];
         if (element.is_primed) line_class += " primed";
         page.body.open("path").attribute("class", line_class).attribute("stroke", "currentColor");
@@ -159,13 +111,22 @@ private:
 
     // Axes in the page.
 
-    static constexpr double gap = 9, arrow_length = 17;
+    static constexpr double gap = 9, full_length = 17;
 
-    // Several axes over one line have their arrows one after the other.
+    // Several axes over one line have their arrows one after the other: shorter ones if there are
+    // many.
+    double arrow_scale() const {
+        std::map<page_line, int> over_line;
+        int most = 0;
+        for (const flat_axis& each : set.flat_axes) most = std::max(most, ++over_line[each.line]);
+        return most > 2 ? 0.75 : 1;
+    }
+
     void note_ends(const flat_axis& element) {
-        const segment line = segment_of(page, element.line);
+        const segment line = segment_of(page.cell(), element.line);
+        note_height(line.to, element.height);
         const page_vector along = unit(line.to - line.from);
-        const double start = gap + (arrow_length + 5) * levels[element.line]++;
+        const double start = gap + (arrow_length + 4) * levels[element.line]++;
         starts.push_back(start);
         for (double part = 0; part < arrow_length + 2; part += 4) {
             page.labels.block(line.to + (start + part) * along, 4);
@@ -174,29 +135,29 @@ private:
     }
 
     void paint(const flat_axis& element) {
-        const segment line = segment_of(page, element.line);
+        const segment line = segment_of(page.cell(), element.line);
         const page_vector along = unit(line.to - line.from);
         const double start = starts[painted_axes++];
         const axis_symbol& symbol = element.symbol;
         const bool primed = symbol.primed_rotation;
-        open_with_height(symbol.operators, symbol.kind(), line_text(page, element.line),
+        open_with_height(symbol.operators, symbol.kind(), text_of(page, element.line),
                          element.height);
         for (const double side : {1.0, -1.0}) {
             const page_vector way = side * along;
             const page_vector at = (side > 0 ? line.to : line.from) + start * way;
             if (symbol.order == 2 && symbol.rotoinversion == 0) {
-                page.symbols.use(page.body, symbol.screw == 0 ? "arrow" : "half", at, 1, way,
+                page.symbols.use(page.body, symbol.screw == 0 ? "arrow" : "half", at, scale, way,
                                  primed);
             } else {
-                page.symbols.use(page.body, "stem", at, 1, way, primed);
-                paint_rotation(symbol, at + 12 * way, 0.7);
+                page.symbols.use(page.body, "stem", at, scale, way, primed);
+                paint_rotation(symbol, at + 12 * scale * way, 0.7 * scale);
             }
         }
         const page_vector tip = line.to + (start + arrow_length / 2) * along;
         if (primed) {
             page.symbols.use(page.body, "prime", tip + 6 * sideways(along), 1, {1, 0}, true);
         }
-        if (!element.height.is_zero()) {
+        if (takes_label(line.to, element.height)) {
             const page_vector aside =
                 std::fabs(along.x) > 0.5 ? page_vector{0, -1} : page_vector{1, 0};
             page.write_label(element.height.text(), tip, 8, aside);
@@ -226,6 +187,9 @@ private:
     }
 
     void block(const point_element& element) {
+        if (element.symbol.has_height && !is_inclined(element)) {
+            note_height(page.at(element.place), element.height);
+        }
         const bool small = is_inclined(element) || element.symbol.order == 1;
         page.labels.block(place_of(element), small ? 4 : 7);
         if (element.symbol.is_primed()) {
@@ -256,22 +220,22 @@ private:
         if (symbol.is_primed()) {
             page.symbols.use(page.body, "prime", at + page_vector{7, -6}, 1, {1, 0}, true);
         }
-        if (!element.height.is_zero()) {
+        if (takes_label(page.at(element.place), element.height)) {
             page.write_label(element.height.text(), at, symbol.order == 1 ? 6 : 10);
         }
         page.body.close();
     }
 
-    void paint_rotation(const axis_symbol& symbol, page_vector at, double scale) {
+    void paint_rotation(const axis_symbol& symbol, page_vector at, double size) {
         const std::string name = symbol.rotoinversion != 0
                                      ? std::to_string(symbol.rotoinversion)
                                      : std::to_string(symbol.order) +
                                            (symbol.screw == 0 ? "" : std::to_string(symbol.screw));
         if (symbol.order > 1) {
-            page.symbols.use(page.body, name, at, scale, {1, 0}, symbol.primed_rotation);
+            page.symbols.use(page.body, name, at, size, {1, 0}, symbol.primed_rotation);
         }
         if (symbol.has_centre) {
-            page.symbols.use(page.body, symbol.order == 1 ? "centre" : "eye", at, scale, {1, 0},
+            page.symbols.use(page.body, symbol.order == 1 ? "centre" : "eye", at, size, {1, 0},
                              symbol.primed_centre);
         }
     }
@@ -283,11 +247,17 @@ private:
         const label_placer::box extent = page.labels.extent();
         const page_vector down = 20 * unit(page.cell().down());
         const page_vector right = 20 * unit(page.cell().right());
-        page_vector corner{extent.left + std::max(0.0, -down.x), extent.top - down.y - 8};
+        page_vector start{extent.left, extent.top - down.y - 8};
         for (const flat_plane& element : set.flat_planes) {
-            paint_corner(element, corner, down, right);
-            corner = corner + page_vector{64 + std::fabs(down.x), 0};
+            const double to_left = std::max({4.0, 4 - down.x, 4 - 20 * glide_of(element).x});
+            paint_corner(element, start + page_vector{to_left, 0}, down, right);
+            start.x += to_left + 34 + 5 * page.labels.character_width();
         }
+    }
+
+    page_vector glide_of(const flat_plane& element) const {
+        const auto& glide = element.symbol.glide;
+        return unit(page.cell().at(static_cast<double>(glide[0]), static_cast<double>(glide[1])));
     }
 
     void paint_corner(const flat_plane& element, page_vector corner, page_vector down,
@@ -304,8 +274,7 @@ private:
             "d", "M" + point(corner + down) + "L" + point(corner) + "L" + point(corner + right));
         page.body.close();
         const auto& glide = element.symbol.glide;
-        const page_vector way =
-            unit(page.cell().at(static_cast<double>(glide[0]), static_cast<double>(glide[1])));
+        const page_vector way = glide_of(element);
         const auto head = [&](page_vector at, page_vector towards) {
             page.symbols.use(page.body, "head", at, 1, towards, element.is_primed);
         };
@@ -317,8 +286,8 @@ private:
             if (!on_arm) page.symbols.use(page.body, "stem", corner, 1, way, element.is_primed);
             head(corner + (on_arm ? 20.0 : 19.0) * way, way);
         }
-        page.labels.block(
-            {corner.x + std::min(0.0, down.x) - 4, corner.y - 4, corner.x + 22, corner.y + 20});
+        page.labels.block({corner.x + std::min({0.0, down.x, 20 * way.x}) - 4, corner.y - 4,
+                           corner.x + 22, corner.y + 20});
         std::string label = element.height.is_zero() ? "" : element.height.text();
         if (element.is_primed) label += "'";
         if (!label.empty()) page.write_label(label, corner + 1.2 * right, 4, {1, 1});
@@ -329,8 +298,8 @@ private:
 
     void paint_unshown() {
         const label_placer::box extent = page.labels.extent();
-        const double room = std::max(46.0, (extent.right - extent.left) / 6.2);
-        page_vector at{extent.left, extent.bottom + 12};
+        const double room =
+            std::max(46.0, (extent.right - extent.left) / page.labels.character_width());
         for (const unshown_element& element : set.unshown) {
             std::string places;
             for (const std::string& location : element.locations) {
@@ -338,10 +307,7 @@ private:
             }
             open("unshown", element.operators, element.kind, places);
             for (const std::string& line : lines_of(element, static_cast<std::size_t>(room))) {
-                at.y += 14;
-                page.write_text(line, at, "list");
-                page.labels.block(
-                    {at.x, at.y - 9, at.x + 5.6 * static_cast<double>(line.size()), at.y + 3});
+                page.write_line(line);
             }
             page.body.close();
         }
@@ -370,7 +336,11 @@ private:
 
     picture& page;
     const element_set& set;
+    const double scale = arrow_scale();
+    const double arrow_length = full_length * scale;
     std::map<std::string, int> counts;
+    std::map<spot, std::set<std::string>> heights;
+    std::set<spot> labelled;
     std::map<page_line, int> levels;
     std::vector<double> starts;
     std::size_t painted_axes = 0;
@@ -381,8 +351,11 @@ private:
 picture elements_picture(std::span<const symop> operators, const diagram_options& options,
                          const std::string& prefix) {
     const element_set set = elements_of(operators, options.axis);
-    const double size = set.points.size() > 150 ? 640 : set.points.size() > 60 ? 420 : 280;
-    picture page(operators, options, prefix, size);
+    const auto has_height = [](const auto& each) { return !each.height.is_zero(); };
+    const auto labels = std::count_if(set.points.begin(), set.points.end(), has_height) +
+                        std::count_if(set.flat_axes.begin(), set.flat_axes.end(), has_height);
+    const bool is_dense = set.points.size() > 60 || labels > 24;
+    picture page(operators, options, prefix, is_dense, {set.part, set.part});
     elements_painter(page, set).paint();
     return page;
 }

@@ -1,6 +1,7 @@
 #include "drawing/label_placer.h"
 
 #include <algorithm>
+#include <cmath>
 
 namespace lomar {
 
@@ -12,7 +13,42 @@ double overlap(const label_placer::box& a, const label_placer::box& b) {
     return width > 0 && height > 0 ? width * height : 0;
 }
 
+// How much of a line is in a box.
+double length_inside(const label_placer::box& label, page_vector from, page_vector to) {
+    const page_vector way = to - from;
+    const double start[] = {label.left - from.x, label.top - from.y};
+    const double end[] = {label.right - from.x, label.bottom - from.y};
+    const double step[] = {way.x, way.y};
+    double least = 0;
+    double most = 1;
+    for (std::size_t i = 0; i < 2; ++i) {
+        if (std::fabs(step[i]) < 1e-6) {
+            if (start[i] > 0 || end[i] < 0) return 0;
+            continue;
+        }
+        const double a = start[i] / step[i];
+        const double b = end[i] / step[i];
+        least = std::max(least, std::min(a, b));
+        most = std::min(most, std::max(a, b));
+    }
+    return most > least ? (most - least) * length(way) : 0;
+}
+
 }  // namespace
+
+std::size_t characters_in(const std::string& text) {
+    // Each byte that continues a character counts for nothing.
+    return static_cast<std::size_t>(std::count_if(text.begin(), text.end(), [](char c) {
+        return (static_cast<unsigned char>(c) & 0xc0) != 0x80;
+    }));
+}
+
+double label_placer::covered(const box& label) const {
+    double sum = 0;
+    for (const box& other : taken_) sum += overlap(label, other);
+    for (const line& other : lines_) sum += length_inside(label, other.from, other.to);
+    return sum;
+}
 
 void label_placer::block(page_vector centre, double radius) {
     block({centre.x - radius, centre.y - radius, centre.x + radius, centre.y + radius});
@@ -20,8 +56,8 @@ void label_placer::block(page_vector centre, double radius) {
 
 page_vector label_placer::place(page_vector point, double clear, std::size_t characters,
                                 page_vector towards) {
-    constexpr double ascent = 9;
-    const double width = character_width * static_cast<double>(characters);
+    const double ascent = 0.75 * font_size_;
+    const double width = character_width() * static_cast<double>(characters);
     std::vector<page_vector> ways = {{1, -1}, {1, 1},  {-1, -1}, {-1, 1},
                                      {1, 0},  {0, -1}, {0, 1},   {-1, 0}};
     std::stable_sort(ways.begin(), ways.end(), [&](page_vector a, page_vector b) {
@@ -35,13 +71,12 @@ page_vector label_placer::place(page_vector point, double clear, std::size_t cha
             const double x = point.x + way.x * reach - (1 - way.x) * width / 2;
             const double y = point.y + way.y * reach - (1 - way.y) * ascent / 2;
             const box here{x, y, x + width, y + ascent};
-            double covered = 0.01 * far;
-            for (const box& other : taken_) covered += overlap(here, other);
-            if (least >= 0 && covered > least - 1e-6) continue;
-            least = covered;
+            const double found = far + covered(here);
+            if (least >= 0 && found > least - 1e-6) continue;
+            least = found;
             best = here;
         }
-        if (least < 0.1) break;
+        if (least < far + 1) break;
     }
     taken_.push_back(best);
     return {best.left, best.bottom};

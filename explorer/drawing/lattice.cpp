@@ -76,6 +76,21 @@ bool lattice::is_among(const std::vector<scaled_vector>& list, const scaled_vect
     return std::find(list.begin(), list.end(), reduced) != list.end();
 }
 
+bool lattice::has_over(const std::array<std::int64_t, 2>& place) const {
+    return std::any_of(translations_.begin(), translations_.end(), [&](const scaled_vector& v) {
+        return modulo_one(v[0] - place[0]) == 0 && modulo_one(v[1] - place[1]) == 0;
+    });
+}
+
+std::optional<fraction> lattice::upward_antitranslation() const {
+    std::optional<fraction> least;
+    for (const scaled_vector& v : antitranslations) {
+        if (v[0] != 0 || v[1] != 0) continue;
+        if (!least || exact(v[2]) < *least) least = exact(v[2]);
+    }
+    return least;
+}
+
 std::int64_t lattice::period(const int_vector& direction) const {
     for (auto n = static_cast<std::int64_t>(translations_.size()); n > 1; --n) {
         if (unit_ % n == 0 && contains(times(unit_ / n, direction))) return unit_ / n;

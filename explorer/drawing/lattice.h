@@ -2,6 +2,7 @@
 
 #include <array>
 #include <cstdint>
+#include <optional>
 #include <span>
 #include <vector>
 
@@ -31,11 +32,15 @@ public:
     bool contains(const scaled_vector& v) const { return is_among(translations_, v); }
     /// The lattice vectors in [0, 1), the null vector with them.
     const std::vector<scaled_vector>& translations() const { return translations_; }
+    /// Whether a lattice vector has these first two components, modulo 1.
+    bool has_over(const std::array<std::int64_t, 2>& place) const;
     /// Whether time reversal by itself is an operator.
     bool is_grey() const { return grey; }
     /// The length of the shortest lattice vector along a direction of smallest integers, as parts
     /// of that direction.
     std::int64_t period(const int_vector& direction) const;
+    /// The least component along the third axis of the antitranslations that run along it.
+    std::optional<fraction> upward_antitranslation() const;
     /// Whether an antitranslation runs along the direction.
     bool is_doubled_along(const int_vector& direction) const;
     /// The lattice vectors with components from -3 to 3 in the plane that a covector gives.

@@ -13,22 +13,17 @@ bool any_time(std::span<const symop> operators) {
 
 std::string path_to(page_vector at) { return svg_number(at.x) + " " + svg_number(at.y); }
 
-// Characters, where each byte that continues one counts for nothing.
-std::size_t characters_in(const std::string& text) {
-    return static_cast<std::size_t>(std::count_if(text.begin(), text.end(), [](char c) {
-        return (static_cast<unsigned char>(c) & 0xc0) != 0x80;
-    }));
-}
-
 }  // namespace
 
 picture::picture(std::span<const symop> operators, const diagram_options& options,
-                 const std::string& prefix, double size)
-    : symbols(prefix),
+                 const std::string& prefix, bool dense, const drawn_part& part)
+    : labels(dense ? 15 : 12),
+      symbols(prefix),
       operators_(operators),
       axis(options.axis),
       with_time(options.with_time || any_time(operators)),
-      cell_(operators, options.axis, options.cell.value_or(plain_cell), size) {
+      is_dense(dense),
+      cell_(operators, options.axis, options.cell.value_or(plain_cell), dense ? 390 : 290, part) {
     for (const page_vector& corner :
          {page_vector{}, cell_.down(), cell_.right(), cell_.down() + cell_.right()}) {
         labels.block(corner, 3);
@@ -72,18 +67,25 @@ void picture::write_outline() {
     body.attribute("d", "M0 0L" + path_to(cell_.down()) + "L" + path_to(far) + "L" +
                             path_to(cell_.right()) + "z");
     body.close();
+    labels.avoid({}, cell_.down());
+    labels.avoid({}, cell_.right());
+    labels.avoid(far, cell_.down());
+    labels.avoid(far, cell_.right());
 }
 
 void picture::write_letters() {
     const page_vector ends[] = {cell_.down(), cell_.right()};
     for (std::size_t i = 0; i < 2; ++i) {
         const page_vector outward = unit(ends[i]) - unit(ends[1 - i]);
-        const page_vector at = labels.place(ends[i], 11, 2, outward);
+        const fraction& part = cell_.part()[i];
+        const std::string fraction_of = part == 1 ? "" : "/" + std::to_string(part.den());
+        const page_vector at = labels.place(ends[i], 11, 2 + fraction_of.size(), outward);
         body.open("text").attribute("class", "axis").attribute("x", at.x).attribute("y", at.y);
         body.text(std::string(1, letter(i)));
         if (cell_.is_inclined(i)) {
             body.open("tspan").attribute("class", "small").attribute("dy", 3.0).text("p").close();
         }
+        body.text(fraction_of);
         body.close();
     }
     write_label("0", {}, 9, -1 * (unit(ends[0]) + unit(ends[1])));
@@ -101,6 +103,24 @@ void picture::write_text(const std::string& content, page_vector at,
     body.attribute("x", at.x).attribute("y", at.y).text(content).close();
 }
 
+void picture::write_line(const std::string& content) {
+    const label_placer::box extent = labels.extent();
+    const double height = labels.font_size() * 1.2;
+    const page_vector at{extent.left, extent.bottom + height};
+    write_text(content, at, "list");
+    const double width = labels.character_width() * 0.9 * static_cast<double>(content.size());
+    labels.block({at.x, at.y - height / 2, at.x + width, at.y + 3});
+}
+
+void picture::write_part() {
+    const drawn_part& part = cell_.part();
+    if (part == drawn_part{1, 1}) return;
+    const char* much = part[0] == part[1] ? "A quarter" : part[1].den() == 2 ? "Half" : "A third";
+    const std::string line = std::string(much) + " of the cell, which translations repeat";
+    write_line(line);
+    summary = line + ". ";
+}
+
 picture::panel picture::finish() const {
     constexpr double border = 8;
     const label_placer::box extent = labels.extent();
@@ -109,8 +129,13 @@ picture::panel picture::finish() const {
     result.height = extent.bottom - extent.top + 2 * border;
     svg_writer out;
     symbols.write_definitions(out);
-    out.open("g").attribute("transform", "translate(" + svg_number(border - extent.left) + " " +
-                                             svg_number(border - extent.top) + ")");
+    out.open("g");
+    if (is_dense) out.attribute("class", "dense");
+    if (cell_.part() != drawn_part{1, 1}) {
+        out.attribute("data-part", in_cell_order(cell_.part()[0].text(), cell_.part()[1].text()));
+    }
+    out.attribute("transform", "translate(" + svg_number(border - extent.left) + " " +
+                                   svg_number(border - extent.top) + ")");
     out.markup(body.result()).close();
     result.markup = out.result();
     return result;

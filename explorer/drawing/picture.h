@@ -12,8 +12,10 @@ namespace lomar {
 /// operators, symbols and labels. Places are those of the page, with the cell's origin at 0, 0.
 class picture {
 public:
+    /// A dense one has smaller symbols and texts, though not in proportion. At a width of 300
+    /// pixels the texts of both are legible.
     picture(std::span<const symop> operators, const diagram_options& options,
-            const std::string& prefix, double size);
+            const std::string& prefix, bool is_dense, const drawn_part& part = {1, 1});
 
     const projection& cell() const { return cell_; }
     page_vector at(const std::array<fraction, 2>& place) const {
@@ -31,10 +33,14 @@ public:
     /// A direction of the view in the cell's axes: `1 0 -1`.
     std::string direction_text(const int_vector& of_view) const;
 
-    /// The outline of the cell.
+    /// The outline of the cell, or of the part that is drawn.
     void write_outline();
     /// The letters of the axes and the mark of the origin.
     void write_letters();
+    /// A line of text beneath all that is there.
+    void write_line(const std::string& content);
+    /// A line on the part that is drawn, where it isn't the whole.
+    void write_part();
     /// A label near a point.
     void write_label(const std::string& content, page_vector point, double clear,
                      page_vector towards = {0, 0});
@@ -56,6 +62,7 @@ private:
     std::span<const symop> operators_;
     int axis;
     bool with_time;
+    bool is_dense;
     projection cell_;
 };
 

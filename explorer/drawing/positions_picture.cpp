@@ -1,84 +1,57 @@
 #include <algorithm>
 #include <cmath>
-#include <map>
 
-#include "drawing/element_set.h"
 #include "drawing/picture.h"
+#include "drawing/position_piles.h"
 
 namespace lomar {
 
 namespace {
 
-// The positions that lie over one place of the page, whatever the general point is.
-struct pile {
-    symop first;  // in the axes of the view
-    std::vector<std::size_t> operators;
-    std::string plain_heights, other_heights;  // of the two hands
-    bool has_plain = false, has_other = false;
-    bool has_unprimed = false;
-};
+using general_point = std::array<double, 3>;
 
-// `+`, `1/2-`; where the height is not that of the general point up to a sign, its coordinate.
-std::string height_text(const symop& in_view, const symop& op, int axis) {
-    std::string result;
-    const auto& row = in_view.rot[2];
-    if (row[0] == 0 && row[1] == 0 && std::abs(row[2]) == 1) {
-        if (!in_view.trans[2].is_zero()) result = in_view.trans[2].text();
-        result += row[2] > 0 ? "+" : "\xe2\x88\x92";
-    } else {
-        std::string coordinates = xyz_text(op);
-        for (int i = 0; i < axis; ++i) coordinates.erase(0, coordinates.find(',') + 1);
-        result = coordinates.substr(0, coordinates.find(','));
+// Points near the origin, as printed tables have them, and then points anywhere.
+std::vector<general_point> choices_of_point() {
+    std::vector<general_point> result = {
+        {.10, .14, .06}, {.08, .16, .05}, {.12, .20, .07}, {.16, .09, .04}, {.07, .19, .13},
+        {.05, .12, .20}, {.14, .22, .03}, {.09, .31, .06}, {.21, .08, .15}, {.06, .17, .27},
+        {.04, .11, .17}, {.28, .11, .05}, {.03, .08, .19}};
+    constexpr int steps = 14;
+    for (int i = 0; i < steps * steps * steps; ++i) {
+        const auto part = [](int step) { return 0.015 + 0.035 * step; };
+        result.push_back({part(i / (steps * steps)), part(i / steps % steps), part(i % steps)});
     }
-    if (op.time < 0) result += '\'';
     return result;
 }
 
 class positions_painter {
 public:
-    positions_painter(picture& to, std::span<const symop> operators, int axis)
-        : page(to), given(operators), view(axis) {
-        for (std::size_t op = 0; op < given.size(); ++op) add(op);
+    positions_painter(picture& to, const position_piles& positions)
+        : page(to), set(positions), room(room_of_one()) {
         choose_point();
     }
 
     void paint() {
         page.write_outline();
-        for (const pile& each : piles) {
+        for (const position_pile& each : set.piles) {
             for (const page_vector& at : places_of(each)) page.labels.block(at, 7);
         }
-        for (const pile& each : piles) {
+        for (const position_pile& each : set.piles) {
             for (const page_vector& at : places_of(each)) paint(each, at);
         }
         page.write_letters();
-        page.summary =
-            std::to_string(given.size()) + " general positions, with those near the cell.";
+        page.write_part();
+        if (set.mates_at) {
+            page.write_line(set.mates_at->is_zero()
+                                ? "Each also with time reversal, at the same height"
+                                : "Each also with time reversal, at a height + " +
+                                      set.mates_at->text());
+        }
     }
 
 private:
-    void add(std::size_t op) {
-        const symop in_view = to_view(given[op], view);
-        const auto same_place = [&](const pile& each) {
-            return each.first.rot[0] == in_view.rot[0] && each.first.rot[1] == in_view.rot[1] &&
-                   each.first.trans[0] == in_view.trans[0] &&
-                   each.first.trans[1] == in_view.trans[1];
-        };
-        auto found = std::find_if(piles.begin(), piles.end(), same_place);
-        if (found == piles.end()) {
-            piles.push_back({in_view, {}, {}, {}});
-            found = piles.end() - 1;
-        }
-        found->operators.push_back(op);
-        const bool plain = determinant(given[op].rot) > 0;
-        std::string& heights = plain ? found->plain_heights : found->other_heights;
-        if (!heights.empty()) heights += ',';
-        heights += height_text(in_view, given[op], view);
-        (plain ? found->has_plain : found->has_other) = true;
-        if (given[op].time > 0) found->has_unprimed = true;
-    }
-
     // Where a pile is, in fractions from 0 to 1.
-    std::array<double, 2> fractions_of(const pile& each) const {
+    std::array<double, 2> fractions_of(const position_pile& each) const {
         std::array<double, 2> result{};
         for (std::size_t i = 0; i < 2; ++i) {
             double sum = each.first.trans[i].to_double();
@@ -88,59 +61,72 @@ private:
         return result;
     }
 
-    // The least distance of two piles, their copies in the next cells with them.
-    double clearance() const {
+    // What a circle with its labels takes, in the page.
+    page_vector room_of_one() const {
+        std::size_t longest = 0;
+        for (const position_pile& each : set.piles) {
+            longest = std::max(
+                longest, characters_in(each.plain_heights) + characters_in(each.other_heights));
+        }
+        const double width = page.labels.character_width() * static_cast<double>(longest);
+        return {width + 26, page.labels.font_size() + 14};
+    }
+
+    // The least distance of two piles, their copies in the next cells with them, in parts of the
+    // room that each takes. What is below `enough` is not looked for.
+    double clearance(double enough) const {
         std::vector<std::array<double, 2>> all;
-        for (const pile& each : piles) all.push_back(fractions_of(each));
+        for (const position_pile& each : set.piles) all.push_back(fractions_of(each));
         double least = 1e9;
         for (std::size_t i = 0; i < all.size(); ++i) {
-            for (std::size_t k = 0; k < i; ++k) {
-                for (int shift = 0; shift < 9; ++shift) {
-                    const page_vector apart = page.cell().at(all[i][0] - all[k][0] + shift / 3 - 1,
-                                                             all[i][1] - all[k][1] + shift % 3 - 1);
-                    least = std::min(least, length(apart));
-                }
+            if (all[i][0] > set.part[0].to_double() || all[i][1] > set.part[1].to_double())
+                continue;
+            for (std::size_t k = 0; k < all.size(); ++k) {
+                if (k == i) continue;
+                const double down = all[i][0] - all[k][0];
+                const double right = all[i][1] - all[k][1];
+                const page_vector apart =
+                    page.cell().at(down - std::round(down), right - std::round(right));
+                least = std::min(
+                    least, std::max(std::fabs(apart.x) / room.x, std::fabs(apart.y) / room.y));
             }
+            if (least < enough) break;
         }
         return least;
     }
 
-    // A point near the origin whose images keep apart as well as may be.
+    // A point whose images keep apart as well as may be.
     void choose_point() {
-        constexpr double enough = 34;
-        constexpr std::array<double, 3> choices[] = {
-            {.10, .14, .06}, {.08, .16, .05}, {.12, .20, .07}, {.16, .09, .04}, {.07, .19, .13},
-            {.05, .12, .20}, {.14, .22, .03}, {.09, .31, .06}, {.21, .08, .15}, {.06, .17, .27},
-            {.04, .11, .17}, {.28, .11, .05}, {.03, .08, .19}};
         double best = -1;
-        std::array<double, 3> chosen{};
-        for (const auto& choice : choices) {
+        general_point chosen{};
+        for (const general_point& choice : choices_of_point()) {
             point = choice;
-            const double found = clearance();
+            const double found = clearance(best + 1e-6);
             if (found > best + 1e-6) {
                 best = found;
                 chosen = choice;
             }
-            if (best > enough) break;
+            if (best > 1) break;
         }
         point = chosen;
     }
 
-    // In the cell and a little beyond.
-    std::vector<page_vector> places_of(const pile& each) const {
-        constexpr double beyond = 0.14;
+    // In the drawn part and a little beyond.
+    std::vector<page_vector> places_of(const position_pile& each) const {
+        const double beyond = set.is_dense ? 0.02 : 0.14;
         const auto base = fractions_of(each);
         std::vector<page_vector> result;
         for (int shift = 0; shift < 9; ++shift) {
-            const double down = base[0] + shift / 3 - 1;
-            const double right = base[1] + shift % 3 - 1;
-            const auto near = [](double x) { return x > -beyond && x < 1 + beyond; };
-            if (near(down) && near(right)) result.push_back(page.cell().at(down, right));
+            const std::array<double, 2> at = {base[0] + shift / 3 - 1, base[1] + shift % 3 - 1};
+            const auto near = [&](std::size_t i) {
+                return at[i] > -beyond && at[i] < set.part[i].to_double() + beyond;
+            };
+            if (near(0) && near(1)) result.push_back(page.cell().at(at[0], at[1]));
         }
         return result;
     }
 
-    void paint(const pile& each, page_vector at) {
+    void paint(const position_pile& each, page_vector at) {
         page.body.open("g").attribute("class", "position");
         page.body.attribute("data-operators", page.operators_text(each.operators));
         const bool both = each.has_plain && each.has_other;
@@ -159,19 +145,20 @@ private:
     }
 
     picture& page;
-    std::span<const symop> given;
-    int view;
-    std::vector<pile> piles;
-    std::array<double, 3> point{};
+    const position_piles& set;
+    page_vector room;
+    general_point point{};
 };
 
 }  // namespace
 
 picture positions_picture(std::span<const symop> operators, const diagram_options& options,
                           const std::string& prefix) {
-    const double size = operators.size() > 48 ? 640 : operators.size() > 16 ? 420 : 280;
-    picture page(operators, options, prefix, size);
-    positions_painter(page, operators, options.axis).paint();
+    const position_piles set = piles_of(operators, options.axis);
+    picture page(operators, options, prefix, set.is_dense, set.part);
+    positions_painter(page, set).paint();
+    page.summary +=
+        std::to_string(operators.size()) + " general positions, with those near the cell.";
     return page;
 }
 

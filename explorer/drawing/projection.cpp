@@ -69,7 +69,8 @@ cell_parameters fitting_cell(std::span<const symop> operators, const cell_parame
 }
 
 projection::projection(std::span<const symop> operators, int axis, const cell_parameters& cell,
-                       double size) {
+                       double width, const drawn_part& part)
+    : part_(part) {
     const metric g = mean_metric(operators, metric_of(cell));
     const std::size_t up = static_cast<std::size_t>(axis);
     const std::size_t i = (up + 1) % 3;
@@ -82,7 +83,9 @@ projection::projection(std::span<const symop> operators, int axis, const cell_pa
     down_.x = projected(i, j) / right_length;
     down_.y = std::sqrt(projected(i, i) - down_.x * down_.x);
     inclined = {std::fabs(g[i][up]) > 1e-9, std::fabs(g[j][up]) > 1e-9};
-    const double scale = size / std::max(right_length, length(down_));
+    const page_vector seen_down = down();
+    const double seen_width = right().x + std::fabs(seen_down.x);
+    const double scale = width / std::max(seen_width, seen_down.y / 2);
     down_ = scale * down_;
     right_ = scale * right_;
 }

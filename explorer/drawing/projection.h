@@ -10,6 +10,9 @@ namespace lomar {
 /// Edges in any unit, angles in degrees: a, b, c, alpha, beta, gamma.
 using cell_parameters = std::array<double, 6>;
 
+/// How far a picture goes along the two drawn axes, in fractions of them, from the origin.
+using drawn_part = std::array<fraction, 2>;
+
 /// A point or vector of the page: to the right, and down.
 struct page_vector {
     double x = 0, y = 0;
@@ -28,13 +31,16 @@ page_vector unit(page_vector v);
 class projection {
 public:
     /// The cell's shape is the mean of the shapes that the operators make of `cell`, so that it
-    /// fits the group. `size` is the length of the longer drawn edge. Throws
-    /// std::domain_error for parameters that make no cell.
+    /// fits the group. `part` is how much of the two drawn axes one sees; that is `width` wide, or
+    /// less where it would be more than twice as high. Throws std::domain_error for parameters
+    /// that make no cell.
     projection(std::span<const symop> operators, int axis, const cell_parameters& cell,
-               double size);
+               double width, const drawn_part& part = {1, 1});
 
-    page_vector down() const { return down_; }
-    page_vector right() const { return right_; }
+    /// The edges of the drawn part.
+    page_vector down() const { return part_[0].to_double() * down_; }
+    page_vector right() const { return part_[1].to_double() * right_; }
+    const drawn_part& part() const { return part_; }
     /// Of fractions of the two drawn axes, from the origin of the cell.
     page_vector at(double of_down, double of_right) const {
         return of_down * down_ + of_right * right_;
@@ -43,6 +49,7 @@ public:
     bool is_inclined(std::size_t drawn) const { return inclined[drawn]; }
 
 private:
+    drawn_part part_;
     page_vector down_, right_;
     std::array<bool, 2> inclined{};
 };

@@ -36,25 +36,27 @@ std::string letters_of(int axis) {
 // A drawn element but a plane parallel to the page.
 struct drawn_element {
     place where;
+    fraction part;  // of the drawn axes that the picture shows
     std::string kind;
     int_vector direction{};  // of an inclined axis
     std::vector<std::string> operators;
 
     bool is_inclined() const { return direction != int_vector{}; }
-    std::string key() const { return place_key(where, direction); }
+    std::string key() const { return place_key(where, direction, part); }
 
-    static std::string place_key(const place& at, int_vector along) {
-        for (const int part : along) {
-            if (part == 0) continue;
-            if (part < 0) along = {-along[0], -along[1], -along[2]};
+    static std::string place_key(const place& at, int_vector along, const fraction& part) {
+        for (const int step : along) {
+            if (step == 0) continue;
+            if (step < 0) along = {-along[0], -along[1], -along[2]};
             break;
         }
-        return at.key() + " " + text({along[0], along[1], along[2]});
+        return at.key(part) + " " + text({along[0], along[1], along[2]});
     }
 };
 
 std::vector<drawn_element> elements_in(const std::vector<tag>& tags, int axis) {
     const std::string letters = letters_of(axis);
+    const fraction part = part_of(tags);
     std::vector<drawn_element> result;
     for (const tag& each : tags) {
         const std::string page = {letters[0], ',', letters[1]};
@@ -63,6 +65,7 @@ std::vector<drawn_element> elements_in(const std::vector<tag>& tags, int axis) {
             if (!std::isdigit(static_cast<unsigned char>(each.at("data-kind")[0]))) continue;
         }
         drawn_element element;
+        element.part = part;
         element.where = read_place(each.at("data-at"), letters);
         element.kind = each.at("data-kind");
         element.operators = split(each.at("data-operators"), ';');
@@ -96,13 +99,14 @@ place piercing_point(const fraction_vector& point, const int_vector& direction, 
 // Where an operator takes an element.
 std::string image_of(const drawn_element& element, const symop& op, int axis) {
     if (!element.is_inclined())
-        return drawn_element::place_key(in_plane(op, axis)(element.where), {});
+        return drawn_element::place_key(in_plane(op, axis)(element.where), {}, element.part);
     const auto [i, j] = drawn_coordinates(axis);
     fraction_vector point;
     point[i] = element.where.point[0];
     point[j] = element.where.point[1];
     const int_vector direction = op.rot * element.direction;
-    return drawn_element::place_key(piercing_point(op * point, direction, axis), direction);
+    return drawn_element::place_key(piercing_point(op * point, direction, axis), direction,
+                                    element.part);
 }
 
 // A kind without what an operator may change: the hand of a screw, the name of a glide in the page.
@@ -139,7 +143,7 @@ void expect_invariant(const std::vector<drawn_element>& elements,
 }
 
 // Where an operator's element is to be seen, if it is no plane inclined or parallel to the page.
-std::string place_of(const symop& op, int axis) {
+std::string place_of(const symop& op, int axis, const fraction& part) {
     const auto up = static_cast<std::size_t>(axis);
     const auto [i, j] = drawn_coordinates(axis);
     const symmetry_element element = element_of(op);
@@ -154,9 +158,9 @@ std::string place_of(const symop& op, int axis) {
         where.direction = {element.axis[i], element.axis[j]};
     } else if (element.axis[i] != 0 || element.axis[j] != 0) {
         return drawn_element::place_key(piercing_point(element.point, element.axis, axis),
-                                        element.axis);
+                                        element.axis, part);
     }
-    return drawn_element::place_key(where, {});
+    return drawn_element::place_key(where, {}, part);
 }
 
 // Each operator is drawn wherever it or its product with a lattice translation has its element in
@@ -165,9 +169,10 @@ void expect_complete(const std::vector<drawn_element>& elements,
                      const std::vector<symop>& operators, bool with_time, int axis) {
     std::set<std::string> drawn_places;
     for (const drawn_element& each : elements) {
-        EXPECT_TRUE(each.where.meets_cell()) << each.key();
+        EXPECT_TRUE(each.where.meets_cell(each.part)) << each.key();
         for (const std::string& op : each.operators) drawn_places.insert(op + "@" + each.key());
     }
+    const fraction part = elements.empty() ? fraction(1) : elements.front().part;
     std::set<std::string> near, further;
     for (const symop& op : operators) {
         if (op.rot == unit_matrix) continue;
@@ -176,7 +181,7 @@ void expect_complete(const std::vector<drawn_element>& elements,
             const int_vector steps = {shift / 9 - 1, shift / 3 % 3 - 1, shift % 3 - 1};
             symop shifted = op;
             for (std::size_t i = 0; i < 3; ++i) shifted.trans[i] += fraction(steps[i]);
-            const std::string where = place_of(shifted, axis);
+            const std::string where = place_of(shifted, axis, part);
             if (where.empty()) continue;
             const bool is_near = std::ranges::all_of(steps, [](int step) { return step >= 0; });
             (is_near ? near : further).insert(name + where);

@@ -55,6 +55,14 @@ std::vector<tag> read_tags(std::string_view markup) {
     return result;
 }
 
+fraction part_of(const std::vector<tag>& tags) {
+    for (const tag& each : tags) {
+        const auto found = each.attributes.find("data-part");
+        if (found != each.attributes.end()) return parse_number(split(found->second, ',')[0]);
+    }
+    return 1;
+}
+
 std::vector<std::string> split(std::string_view text, char separator) {
     std::vector<std::string> result(1);
     for (const char c : text) {
@@ -95,27 +103,28 @@ place read_place(std::string_view text, std::string_view letters) {
     return result;
 }
 
-std::string place::key() const {
-    if (!is_line()) return point[0].modulo_one().text() + "," + point[1].modulo_one().text();
-    // p x + q y = offset with p, q in lowest terms; the offset counts modulo 1.
+std::string place::key(const fraction& part) const {
+    const auto reduced = [&](const fraction& x) { return (x / part).modulo_one().text(); };
+    if (!is_line()) return reduced(point[0]) + "," + reduced(point[1]);
+    // p x + q y = offset with p, q in lowest terms; the offset counts modulo the part.
     fraction p = direction[1];
     fraction q = -direction[0];
     const fraction scale = p.is_zero() ? q : p;
     const std::int64_t den = (q / scale).den() * (p / scale).den();
     p = p / scale * fraction(den);
     q = q / scale * fraction(den);
-    return p.text() + "x+" + q.text() + "y=" + (p * point[0] + q * point[1]).modulo_one().text();
+    return p.text() + "x+" + q.text() + "y=" + reduced(p * point[0] + q * point[1]);
 }
 
-bool place::meets_cell() const {
+bool place::meets_cell(const fraction& part) const {
     if (!is_line()) {
-        return point[0] >= 0 && point[0] <= 1 && point[1] >= 0 && point[1] <= 1;
+        return point[0] >= 0 && point[0] <= part && point[1] >= 0 && point[1] <= part;
     }
     const fraction p = direction[1];
     const fraction q = -direction[0];
     const fraction offset = p * point[0] + q * point[1];
     const auto [least, most] = std::minmax({fraction(0), p, q, p + q});
-    return least <= offset && offset <= most;
+    return part * least <= offset && offset <= part * most;
 }
 
 place plane_operator::operator()(const place& old) const {

@@ -21,6 +21,9 @@ struct tag {
 /// All opening tags in their order. Throws std::runtime_error when the markup isn't well formed.
 std::vector<tag> read_tags(std::string_view markup);
 
+/// How much of the drawn axes a picture of the elements shows.
+fraction part_of(const std::vector<tag>& tags);
+
 std::vector<std::string> split(std::string_view text, char separator);
 
 /// A place as data-at has it, in the two drawn coordinates: for a line, x and y are those of a
@@ -30,10 +33,10 @@ struct place {
     std::array<fraction, 2> direction;
 
     bool is_line() const { return direction != std::array<fraction, 2>{}; }
-    /// The same text for places that differ by whole numbers, or by steps along the line.
-    std::string key() const;
-    /// The coordinates as they are, not modulo 1.
-    bool meets_cell() const;
+    /// The same text for places that differ by multiples of `part`, or by steps along the line.
+    std::string key(const fraction& part) const;
+    /// Whether it meets the square from 0 to `part`: the coordinates as they are.
+    bool meets_cell(const fraction& part) const;
 };
 
 /// Reads `1/4,0` or `x,-x+1/2`; letters are those of the drawn coordinates.
