@@ -57,14 +57,15 @@ const setting* find_tabulated_hall(const std::string& text) {
     return nullptr;
 }
 
-// Whether a bracket holds new coordinates or a shift, not the digit of a screw or a letter.
+// Whether a bracket holds new coordinates or a shift, not the digit of a screw or words.
 bool has_change_of_basis(const std::string& text) {
     const std::size_t bracket = text.find('(');
     if (bracket == std::string::npos) return false;
-    const std::string inner = plain_symbol(text.substr(bracket + 1));
-    const std::size_t end = std::min(inner.find(" )"), inner.size());
-    return inner.substr(0, std::min(end, inner.find(')'))).find_first_of(" ,xyz") !=
-           std::string::npos;
+    std::string inner = text.substr(bracket + 1, text.find(')', bracket) - bracket - 1);
+    inner = plain_symbol(inner);
+    return inner.find(',') != std::string::npos ||
+           (inner.find_first_not_of("0123456789+-*/.xyz ") == std::string::npos &&
+            inner.find_first_of("xyz ") != std::string::npos);
 }
 
 // `-R3` is a slip in R -3.

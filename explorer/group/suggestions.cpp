@@ -254,6 +254,11 @@ std::vector<std::string> names_with_lattice(const symbol_parts& typed) {
 }
 
 std::vector<std::string> near_names(const symbol_parts& typed) {
+    std::vector<std::string> of_class;
+    for (const setting* const row : groups_of_class(typed)) {
+        if (of_class.size() < most_suggestions) of_class.emplace_back(row->symbol);
+    }
+    if (!of_class.empty()) return of_class;
     if (std::vector<std::string> names = names_with_lattice(typed); !names.empty()) return names;
     const bool is_letter_mark = typed.mark == "h" && !typed.has_colon;
     const bool is_name = is_split_name(typed);

@@ -217,6 +217,30 @@ std::vector<const setting*> settings_with_axis(const symbol_parts& symbol) {
     return result;
 }
 
+std::vector<const setting*> groups_of_class(const symbol_parts& symbol) {
+    std::vector<const setting*> result;
+    const std::string base = renewed_schoenflies(symbol.base + (symbol.mark == "h" ? "h" : ""));
+    if (symbol.plain.find(' ') != std::string::npos) return result;
+    for (const setting& row : settings()) {
+        const std::string own = lower_case(row.schoenflies.substr(0, row.schoenflies.find('^')));
+        if (!base.starts_with(own)) continue;
+        // `C222` and `O222` are rather slips in Hermann-Mauguin symbols.
+        const std::string rest = base.substr(own.size());
+        const bool is_number = rest.size() < own.size() &&
+                               rest.find_first_not_of("0123456789") == std::string::npos &&
+                               std::isalpha(static_cast<unsigned char>(own.back())) != 0;
+        if (!rest.empty() && rest[0] != '^' && !is_number) continue;
+        if (result.empty() || result.back()->number != row.number) result.push_back(&row);
+    }
+    std::sort(result.begin(), result.end(),
+              [](const setting* a, const setting* b) { return a->number < b->number; });
+    result.erase(
+        std::unique(result.begin(), result.end(),
+                    [](const setting* a, const setting* b) { return a->number == b->number; }),
+        result.end());
+    return result;
+}
+
 const setting* find_named_setting(const symbol_parts& symbol) {
     const std::string& base = symbol.base;
     if (base.empty() || (symbol.has_colon && symbol.mark.empty())) return nullptr;

@@ -26,6 +26,10 @@ bool is_group_number(std::string_view base);
 /// P 31 1 2 or P 31 2 1, and is P 3 1 2 without its blank.
 std::vector<const setting*> settings_with_axis(const symbol_parts& symbol);
 
+/// The groups of a class, each in the setting of its number: for a Schoenflies symbol without the
+/// number that tells them apart, or with one that none has.
+std::vector<const setting*> groups_of_class(const symbol_parts& symbol);
+
 /// The setting that a Hermann-Mauguin symbol, a number or a Schoenflies symbol means; null if it
 /// means none.
 const setting* find_named_setting(const symbol_parts& symbol);

@@ -203,6 +203,7 @@ TEST(Names, Refusals) {
         {"Fd-3m:3", "'Fd-3m:3' names no space group; near: F d -3 m, F d -3 m:1, F d -3 m:2"},
         {"Fd-3m:", "'Fd-3m:' names no space group: nothing follows the colon"},
         {"P2(1)/c2", "'P2(1)/c2' names no space group; near: P 1 21/c 1, P 21/c 1 1, P 1 2/c 1"},
+        {"R-33m (hex)", "'R-33m (hex)' names no space group; near: R -3 m"},
         {"-R3", "'-R3' names no space group; near: R -3, R 3, R -3 c, R -3 m"},
         {"P 42 2", "'P 42 2' names no space group; near: P 4 2 2, P 42 2 2, P 42 21 2, P 42 3 2"},
         {"622", "'622' names no space group: their numbers run from 1 to 230; near: P 6 2 2"},
