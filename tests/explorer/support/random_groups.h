@@ -14,7 +14,7 @@ enum class disguise {
     same_cell,   ///< another basis of the lattice that the whole coordinates make
     primitive,   ///< a primitive cell in any basis
     super_cell,  ///< a cell of several primitive ones; rotations may get fractions
-    generators   ///< a primitive cell, a few operators that make all others
+    generators   ///< one of the first two, a few operators that make all others
 };
 
 /// The hand of the new axes.
@@ -30,7 +30,7 @@ public:
     basis_change change(const std::vector<fraction_vector>& centring, disguise kind,
                         hand axes = hand::right) {
         basis_change result;
-        if (kind == disguise::primitive || kind == disguise::generators) {
+        if (kind == disguise::primitive || (kind == disguise::generators && below(2) == 0)) {
             translation_lattice lattice;
             for (const fraction_vector& v : centring) lattice.add(v);
             result.matrix = lattice.short_basis();
