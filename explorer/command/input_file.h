@@ -4,7 +4,8 @@
 
 namespace lomar {
 
-/// All bytes of a file, or of standard input for `-`. Throws input_error when it can't be read.
+/// All bytes of a file, or of standard input for `-`. Throws input_error when it can't be read, or
+/// has no end within 256 MiB.
 std::string read_input(const std::string& path);
 
 }  // namespace lomar

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstddef>
 #include <string>
 #include <string_view>
 #include <system_error>
@@ -22,8 +23,9 @@ bool is_terminal(int stream);
 
 /// Writes all of the text.
 std::error_code write(int file, std::string_view text);
-/// Reads to the end of the file and adds it to the text.
-std::error_code read(int file, std::string& text);
+/// Reads to the end of the file and adds it to the text; a text of more than `most` bytes is too
+/// large a file.
+std::error_code read(int file, std::string& text, std::size_t most);
 /// Whether a write failed since nobody reads any more.
 bool is_closed_pipe(std::error_code error);
 

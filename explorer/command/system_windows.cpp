@@ -59,13 +59,14 @@ std::error_code write(int file, std::string_view text) {
     return {};
 }
 
-std::error_code read(int file, std::string& text) {
+std::error_code read(int file, std::string& text, std::size_t most) {
     std::array<char, 65536> buffer;
     for (;;) {
         const int n = ::_read(file, buffer.data(), static_cast<unsigned>(buffer.size()));
         if (n < 0) return last_error();
         if (n == 0) return {};
         text.append(buffer.data(), static_cast<std::size_t>(n));
+        if (text.size() > most) return std::make_error_code(std::errc::file_too_large);
     }
 }
 

@@ -85,6 +85,10 @@ for ((byte = 1; byte < 256; ++byte)); do
 done
 "$lomar" show "$(head -c 100000 /dev/zero | tr '\0' P)" >out 2>errors
 expect 1 1 "a long symbol"
+if [[ -e /dev/zero ]]; then
+    "$lomar" identify /dev/zero >out 2>errors
+    expect 1 1 "input without an end"
+fi
 rm -f out
 
 [[ -z $(ls -A) ]] || fault "files that nobody asked for: $(ls -A)"
