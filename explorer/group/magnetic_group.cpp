@@ -86,9 +86,20 @@ constexpr notation_field notations[] = {
     {"UNI symbol", &magnetic_facts::uni_symbol},
 };
 
+// The first groups of a space group's number.
+std::vector<std::string> numbers_after(const std::string& number) {
+    std::vector<std::string> result;
+    for (const magnetic_facts& row : magnetic_groups()) {
+        const bool belongs = row.bns_number.substr(0, row.bns_number.find('.')) == number;
+        if (belongs && result.size() < most_suggestions) result.emplace_back(row.bns_number);
+    }
+    return result;
+}
+
 std::vector<std::string> near_magnetic(std::string_view name) {
     if (name.size() > longest_symbol) return {};
     const std::string plain = plain_name(name);
+    if (auto numbers = numbers_after(plain); !numbers.empty()) return numbers;
     const int farthest = std::min(3000, static_cast<int>(plain.size()) * 500);
     std::vector<std::pair<int, std::string>> found;
     for (const magnetic_facts& row : magnetic_groups()) {

@@ -138,6 +138,7 @@ TEST(MagneticGroup, Refusals) {
         {"P21/c", "'P21/c' names no magnetic group; near: P2_1/c"},
         {"p_a2_1/c", "'p_a2_1/c' names no magnetic group; near: P_a2_1/c"},
         {"P2_1'c'", "'P2_1'c'' names no magnetic group; near: P2_1'/c'"},
+        {"2", "'2' names no magnetic group; near: 2.4, 2.5, 2.6, 2.7"},
         {"14.799", "'14.799' names no magnetic group; near: 14.79"},
         {"", "'' names no magnetic group"},
         {"\n\x01", "'\\x0a\\x01' names no magnetic group"},
