@@ -209,8 +209,9 @@ std::string location_text(const symmetry_element& element) {
     return result;
 }
 
-std::string seitz_text(const symop& op) {
-    const symmetry_element element = element_of(op);
+std::string seitz_text(const symop& op) { return seitz_text(op, element_of(op)); }
+
+std::string seitz_text(const symop& op, const symmetry_element& element) {
     std::string result = "{ " + kind_text(element.kind);
     if (op.time < 0) result += '\'';
     if (element.sense != 0) result += element.sense > 0 ? '+' : '-';

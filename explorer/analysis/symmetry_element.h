@@ -49,5 +49,7 @@ std::string location_text(const symmetry_element& element);
 /// `{ 2'_010 | 0 0 0 }`. Components of an axis beyond 9 have commas between them. Throws as
 /// element_of.
 std::string seitz_text(const symop& op);
+/// The same, where its element is known.
+std::string seitz_text(const symop& op, const symmetry_element& element);
 
 }  // namespace lomar

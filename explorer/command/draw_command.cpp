@@ -4,8 +4,8 @@
 
 #include "command/command.h"
 #include "drawing/diagram.h"
-#include "group/magnetic_group.h"
-#include "group/names.h"
+#include "group/named_subject.h"
+#include "page/magnetic_page.h"
 
 namespace lomar {
 
@@ -16,23 +16,12 @@ struct drawn_group {
     std::vector<symop> operators;
 };
 
-drawn_group magnetic_of(const std::string& symbol) {
-    const magnetic_facts& row = find_magnetic(symbol);
-    return {std::string(row.bns_symbol) + " (" + std::string(row.bns_number) + ")",
-            group_of(row).operators};
-}
-
-drawn_group group_named(const std::string& symbol, bool magnetic) {
-    if (magnetic) return magnetic_of(symbol);
-    if (looks_magnetic(symbol)) {
-        try {
-            return magnetic_of(symbol);
-        } catch (const unknown_symbol&) {
-            // The message about space groups is the better one.
-        }
+drawn_group drawn_named(const std::string& symbol, bool magnetic) {
+    const named_subject found = subject_named(symbol, magnetic);
+    if (found.magnetic != nullptr) {
+        return {magnetic_name(*found.magnetic), group_of(*found.magnetic).operators};
     }
-    const named_group found = resolve_symbol(symbol);
-    return {found.group.name, found.group.operators};
+    return {found.group->group.name, found.group->group.operators};
 }
 
 void check_cell(const std::vector<symop>& operators, const cell_parameters& cell) {
@@ -81,7 +70,7 @@ public:
         if (!axis.empty() && (axis.size() > 1 || axis[0] < 'a' || axis[0] > 'c')) {
             throw usage_error("'" + axis + "' is no axis; a, b and c are");
         }
-        const drawn_group group = group_named(symbol, magnetic);
+        const drawn_group group = drawn_named(symbol, magnetic);
         options.name = group.name;
         options.axis = axis.empty() ? customary_axis(group.operators) : axis[0] - 'a';
         if (!cell.empty()) {

@@ -1,6 +1,7 @@
 #include <CLI/App.hpp>
 
 #include "command/command.h"
+#include "group/named_subject.h"
 #include "page/group_page.h"
 #include "page/magnetic_page.h"
 
@@ -22,14 +23,10 @@ public:
     }
 
     void run(output& out) override {
-        if (magnetic || looks_magnetic(symbol)) {
-            std::string notation;
-            // What looks magnetic and is none gets the message about space groups.
-            const magnetic_facts* row = magnetic ? &find_magnetic(symbol, &notation)
-                                                 : find_magnetic_exactly(symbol, &notation);
-            if (row != nullptr) return out.write(magnetic_page(group_of(*row), notation));
-        }
-        out.write(group_page(report_of(resolve_symbol(symbol))));
+        named_subject found = subject_named(symbol, magnetic);
+        out.write(found.magnetic != nullptr
+                      ? magnetic_page(group_of(*found.magnetic), found.notation)
+                      : group_page(report_of(std::move(*found.group))));
     }
 
 private:

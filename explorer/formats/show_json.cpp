@@ -62,7 +62,7 @@ json operator_json(const symop& op, const symmetry_element& element) {
     result["axis"] = element.kind == 1 || element.kind == -1 ? json() : json(element.axis);
     result["intrinsic"] = to_json(element.intrinsic);
     result["location"] = text_or_null(location_text(element));
-    result["seitz"] = seitz_text(op);
+    result["seitz"] = seitz_text(op, element);
     return result;
 }
 

@@ -13,10 +13,19 @@ namespace lomar {
 
 namespace {
 
-json offers(std::initializer_list<std::pair<const char*, const char*>> list) {
+using offer_list = std::initializer_list<std::pair<const char*, const char*>>;
+
+// The files of texts, and the drawings, which all groups have.
+json offers(offer_list texts) {
+    const offer_list drawings = {{"elements-a.svg", "SVG along a"},
+                                 {"elements-b.svg", "SVG along b"},
+                                 {"elements-c.svg", "SVG along c"},
+                                 {"positions.svg", "SVG of positions"}};
     json result = json::array();
-    for (const auto& [format, label] : list) {
-        result.push_back({{"format", format}, {"label", label}});
+    for (const offer_list& list : {texts, drawings}) {
+        for (const auto& [format, label] : list) {
+            result.push_back({{"format", format}, {"label", label}});
+        }
     }
     return result;
 }
@@ -70,21 +79,11 @@ json downloads_of_groups() {
                    {"shelx.txt", "SHELX"},
                    {"json", "JSON"},
                    {"xyz", "x,y,z"},
-                   {"csv", "CSV"},
-                   {"elements-a.svg", "SVG along a"},
-                   {"elements-b.svg", "SVG along b"},
-                   {"elements-c.svg", "SVG along c"},
-                   {"positions.svg", "SVG of positions"}});
+                   {"csv", "CSV"}});
 }
 
 json downloads_of_magnetic_groups() {
-    return offers({{"mcif", "magnetic CIF"},
-                   {"json", "JSON"},
-                   {"xyz", "x,y,z"},
-                   {"elements-a.svg", "SVG along a"},
-                   {"elements-b.svg", "SVG along b"},
-                   {"elements-c.svg", "SVG along c"},
-                   {"positions.svg", "SVG of positions"}});
+    return offers({{"mcif", "magnetic CIF"}, {"json", "JSON"}, {"xyz", "x,y,z"}});
 }
 
 json download(const std::string& name, const std::string& format) {

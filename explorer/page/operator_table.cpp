@@ -20,7 +20,7 @@ void add_row(table_writer& table, const symop& op, std::size_t number, bool magn
     if (magnetic) table.cell(op.time < 0 ? "reversed" : "");
     table.cell(meaning_text(element));
     table.code(moves ? lomar::text(element.intrinsic) : "").code(location_text(element));
-    table.code(seitz_text(op));
+    table.code(seitz_text(op, element));
 }
 
 }  // namespace

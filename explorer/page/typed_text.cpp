@@ -11,15 +11,16 @@ namespace {
 constexpr std::size_t longest_address = 4000;
 
 std::string_view trimmed(std::string_view text) {
+    if (text.starts_with("\xef\xbb\xbf")) text.remove_prefix(3);
     const std::size_t begin = text.find_first_not_of(" \t\r\n");
     if (begin == std::string_view::npos) return {};
     return text.substr(begin, text.find_last_not_of(" \t\r\n") + 1 - begin);
 }
 
-// Lines, cards of SHELX, or commas that aren't in the brackets of a Hall symbol.
+// Lines, a format that tells itself, or commas that aren't in the brackets of a Hall symbol.
 bool looks_like_operators(std::string_view text) {
-    if (text.find_first_of("\n{") != std::string_view::npos) return true;
-    if (kind_of(text) == "shelx") return true;
+    if (text.find_first_of("\r\n{") != std::string_view::npos) return true;
+    if (kind_of(text) != "xyz") return true;
     const std::size_t comma = text.find(',');
     return comma != std::string_view::npos && text.substr(0, comma).find('(') > comma;
 }
@@ -50,15 +51,6 @@ typed_subject identified(std::string_view text) {
     return result;
 }
 
-typed_subject magnetic_named(const magnetic_facts& row, const std::string& notation,
-                             std::string_view text) {
-    typed_subject result;
-    result.magnetic = &row;
-    result.notation = notation;
-    result.address = text;
-    return result;
-}
-
 // The symbol with underscores for its blanks, if that means the same.
 std::string address_of(const named_group& named, std::string_view text) {
     std::string result(text);
@@ -76,21 +68,8 @@ std::string address_of(const named_group& named, std::string_view text) {
 typed_subject read_typed(std::string_view text) {
     text = trimmed(text);
     if (looks_like_operators(text)) return identified(text);
-    std::string notation;
-    if (looks_magnetic(text)) {
-        const magnetic_facts* row = find_magnetic_exactly(text, &notation);
-        if (row != nullptr) return magnetic_named(*row, notation, text);
-    }
-    typed_subject result;
-    try {
-        result.group = resolve_symbol(text);
-    } catch (const unknown_symbol&) {
-        if (looks_magnetic(text)) find_magnetic(text);  // throws: its message has the nearer names
-        const magnetic_facts* row = find_magnetic_exactly(text, &notation);
-        if (row != nullptr) return magnetic_named(*row, notation, text);
-        throw;
-    }
-    result.address = address_of(*result.group, text);
+    typed_subject result{subject_named(text), {}, std::string(text)};
+    if (result.group) result.address = address_of(*result.group, text);
     return result;
 }
 

@@ -5,16 +5,12 @@
 #include <string_view>
 
 #include "formats/identify_report.h"
-#include "group/magnetic_group.h"
-#include "group/names.h"
+#include "group/named_subject.h"
 
 namespace lomar {
 
-/// What a text means that was typed or pasted: one of these.
-struct typed_subject {
-    std::optional<named_group> group;          ///< the group of a symbol
-    const magnetic_facts* magnetic = nullptr;  ///< the magnetic group of a name,
-    std::string notation;                      ///< found as such: `BNS symbol`
+/// What a text means that was typed or pasted: a group by its name, or else operators.
+struct typed_subject : named_subject {
     std::optional<identify_report> operators;  ///< what operators make
     /// The text that says the same in one line.
     std::string address;
