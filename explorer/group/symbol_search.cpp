@@ -24,6 +24,7 @@ bool joins_to(std::string_view typed, const std::vector<std::vector<std::string>
 
 // Whether some parts are those of the short symbol, others those of the full one, or older.
 bool is_mixed_symbol(std::string_view typed, const setting& row) {
+    if (!typed.starts_with(lower_case(row.symbol.substr(0, 1)))) return false;
     const std::vector<std::string> brief = words_of(row.symbol);
     const std::vector<std::string> full = words_of(row.full_symbol);
     if (brief.size() != full.size()) return false;
@@ -112,6 +113,7 @@ std::string renewed_schoenflies(std::string_view base) {
 
 const setting* find_schoenflies(std::string_view base) {
     const std::string renewed = renewed_schoenflies(base);
+    if (std::string_view("cdsto").find(renewed[0]) == std::string_view::npos) return nullptr;
     const bool has_caret = base.find('^') != std::string_view::npos;
     for (const setting& row : settings()) {
         std::string wanted = lower_case(row.schoenflies);
