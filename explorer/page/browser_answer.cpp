@@ -10,11 +10,16 @@
 #include "page/facts_list.h"
 #include "page/group_page.h"
 #include "page/magnetic_page.h"
+#include "page/operator_table.h"
 #include "page/typed_text.h"
 
 namespace lomar {
 
 namespace {
+
+// The longest part of a page: it is filled later, as the figures are.
+constexpr const char* operators_key = "operators";
+constexpr const char* empty_operators = "<div data-figure=\"operators\"></div>\n";
 
 // Links lead to what the address bar would say.
 page_links links_by_address() {
@@ -42,9 +47,9 @@ void add_group(json& result, named_group named, const std::string& before) {
     result["name"] = group.name;
     result["title"] = group.name + ", No. " + std::to_string(group.row->number) + ", " +
                       std::to_string(group.operators.size()) + " operators";
-    result["html"] =
-        group_article(report, links_by_address(),
-                      before + empty_diagram_section({group.operators, group.name, false}));
+    result["html"] = group_article(
+        report, links_by_address(),
+        before + empty_diagram_section({group.operators, group.name, false}), empty_operators);
     result["cell"] = cell_for(group);
     result["downloads"] = downloads_of_groups();
     if (!result.contains("answer")) result["answer"] = show_json(report);
@@ -56,9 +61,9 @@ void add_magnetic(json& result, const magnetic_facts& row, const std::string& no
     const std::string name = magnetic_name(row);
     result["name"] = row.bns_number;
     result["title"] = name + ", magnetic, " + std::to_string(group.operators.size()) + " operators";
-    result["html"] =
-        magnetic_article(group, notation, links_by_address(),
-                         before + empty_diagram_section({group.operators, name, true}));
+    result["html"] = magnetic_article(group, notation, links_by_address(),
+                                      before + empty_diagram_section({group.operators, name, true}),
+                                      empty_operators);
     result["cell"] = nullptr;
     result["downloads"] = downloads_of_magnetic_groups();
     if (!result.contains("answer")) result["answer"] = magnetic_object(group, notation);
@@ -96,6 +101,14 @@ void add_identified(json& result, const identify_report& report) {
     add_group(result, {group_of(*report.space->row), {}, {}}, before);
 }
 
+// Of a space_group or magnetic_group.
+template <typename any_group>
+std::string content_of(const any_group& group, const std::string& name, bool magnetic,
+                       const std::string& key) {
+    return key == operators_key ? operator_table(group.operators, group.centring, magnetic)
+                                : figure_content({group.operators, name, magnetic}, key);
+}
+
 }  // namespace
 
 json answer_to(std::string_view text) {
@@ -123,11 +136,10 @@ json figure_for(const std::string& name, const std::string& key) {
     json result;
     if (subject.magnetic != nullptr) {
         const magnetic_group group = group_of(*subject.magnetic);
-        result["html"] =
-            figure_content({group.operators, magnetic_name(*subject.magnetic), true}, key);
+        result["html"] = content_of(group, magnetic_name(*subject.magnetic), true, key);
     } else {
         const space_group& group = subject.group.value().group;
-        result["html"] = figure_content({group.operators, group.name, false}, key);
+        result["html"] = content_of(group, group.name, false, key);
     }
     return result;
 }

@@ -13,7 +13,7 @@ namespace lomar {
 
 namespace {
 
-constexpr std::size_t most_shown = 500;
+constexpr std::size_t most_shown = 200;
 // As many points of the reciprocal lattice as a browser lists without a pause.
 constexpr double most_points = 2e6;
 

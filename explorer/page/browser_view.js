@@ -51,10 +51,12 @@ const view = (function () {
         showNear([]);
     }
 
-    // Figures come after the rest of the answer, one at a time, so that the page stays quick.
+    // The operators and then the figures come after the rest of the answer, one at a time, so that
+    // the page stays quick.
     function drawNext() {
         clearTimeout(drawing);
-        const figure = byId("page").querySelector("figure:empty");
+        const figure = byId("page").querySelector("div[data-figure]:empty") ||
+            byId("page").querySelector("figure:empty");
         if (!figure) return;
         drawing = setTimeout(function () {
             const made = program.call(

@@ -5,6 +5,7 @@ const warming = (function () {
     const requests = [
         { do: "answer", text: "P 1" },
         { do: "answer", text: "P 21/c" },
+        { do: "figure", name: "P 21/c", figure: "operators" },
         { do: "figure", name: "P 21/c", figure: "elements-b" },
         { do: "figure", name: "P 21/c", figure: "positions-b" },
         { do: "answer", text: "P n m q" },
@@ -16,7 +17,8 @@ const warming = (function () {
         { do: "answer", text: "y,z,x;x+1/2,y+1/2,z;-x,-y,z;-x,-y,-z;y,x,z" },
         { do: "figure", name: "I a -3 d", figure: "elements-c" },
         { do: "answer", text: "228.139" },
-        { do: "answer", text: "F d -3 m:2" }
+        { do: "answer", text: "F d -3 m:2" },
+        { do: "figure", name: "F d -3 m:2", figure: "operators" }
     ];
     const quiet = 400;  // milliseconds since the last sign of the user
     let last = 0;

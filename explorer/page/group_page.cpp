@@ -145,11 +145,9 @@ std::string contents() {
 }  // namespace
 
 std::string group_article(const group_report& report, const page_links& links,
-                          const std::string& diagrams) {
+                          const std::string& diagrams, const std::string& operators) {
     const space_group& group = report.group.group;
-    return head_of(report, links) + diagrams +
-           section("operators", "Operators",
-                   operator_table(group.operators, group.centring, false)) +
+    return head_of(report, links) + diagrams + section("operators", "Operators", operators) +
            section("wyckoff", "Wyckoff positions", positions_table(report)) +
            section("conditions", "Reflection conditions", conditions_table(report)) +
            section("settings", "Other settings", settings_list(report, links)) +
@@ -161,8 +159,9 @@ std::string group_page(const group_report& report, const page_links& links) {
     const space_group& group = report.group.group;
     return html_document(
         group.name + " (No. " + std::to_string(group.row->number) + ")", links.index,
-        contents() +
-            group_article(report, links, diagram_section({group.operators, group.name, false})));
+        contents() + group_article(report, links,
+                                   diagram_section({group.operators, group.name, false}),
+                                   operator_table(group.operators, group.centring, false)));
 }
 
 }  // namespace lomar

@@ -42,12 +42,12 @@ std::string magnetic_name(const magnetic_facts& row) {
 }
 
 std::string magnetic_article(const magnetic_group& group, std::string_view notation,
-                             const page_links& links, const std::string& diagrams) {
+                             const page_links& links, const std::string& diagrams,
+                             const std::string& operators) {
     const magnetic_facts& row = *group.row;
     return "<section id=\"names\"><h1>" + symbol_markup(row.bns_symbol) + "</h1>\n" +
            facts_of(row, notation, links) + "</section>\n" + diagrams +
-           "<section id=\"operators\"><h2>Operators</h2>\n" +
-           operator_table(group.operators, group.centring, true) +
+           "<section id=\"operators\"><h2>Operators</h2>\n" + operators +
            "</section>\n<section id=\"family\"><h2>Others of this family</h2>\n" +
            links.family_list(row.family_number, &row) + "</section>\n";
 }
@@ -57,7 +57,8 @@ std::string magnetic_page(const magnetic_group& group, std::string_view notation
     const std::string name = magnetic_name(*group.row);
     return html_document(
         name, links.index,
-        magnetic_article(group, notation, links, diagram_section({group.operators, name, true})));
+        magnetic_article(group, notation, links, diagram_section({group.operators, name, true}),
+                         operator_table(group.operators, group.centring, true)));
 }
 
 }  // namespace lomar

@@ -9,9 +9,10 @@
 namespace lomar {
 
 /// What is told of a magnetic group, as the content of an HTML page: names, diagrams, operators.
-/// `notation` is what its name was found as; it may be empty.
+/// `notation` is what its name was found as; it may be empty. The rest is as in group_article.
 std::string magnetic_article(const magnetic_group& group, std::string_view notation,
-                             const page_links& links, const std::string& diagrams);
+                             const page_links& links, const std::string& diagrams,
+                             const std::string& operators);
 
 /// The whole page, a document of its own.
 std::string magnetic_page(const magnetic_group& group, std::string_view notation,

@@ -118,10 +118,10 @@ class BrowserTest(unittest.TestCase):
                 self.type(symbol)
                 self.assertEqual(self.answer_named(expected["name"]), expected)
                 self.assertIn(expected["name"], self.status())
+                self.wait_for_figures()
                 listed = [row.get_attribute("data-operator")
                           for row in self.browser.find_all("#page [data-operator]")]
                 self.assertEqual(listed, [op["xyz"] for op in expected["operators"]])
-                self.wait_for_figures()
 
     def test_every_setting_gets_the_native_answer(self):
         for row in json.loads(native("list", "--format", "json")):

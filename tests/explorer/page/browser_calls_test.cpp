@@ -43,7 +43,7 @@ TEST(browser, understands_what_is_typed) {
         EXPECT_EQ(answer_to(address)["name"], name);
         drawing_test::read_tags("<main>" + answer["html"].get<std::string>() + "</main>");
         // Its figures, and all its files.
-        for (const char* key : {"elements-a", "elements-c", "positions-b"}) {
+        for (const char* key : {"operators", "elements-a", "elements-c", "positions-b"}) {
             const json figure = called({{"do", "figure"}, {"name", again}, {"figure", key}});
             EXPECT_TRUE(figure.contains("html")) << again << " " << key;
         }

@@ -120,7 +120,8 @@ TEST(pages, of_every_setting_hold_together) {
         // The drawings take the time; those of one row in eight stand for all.
         const std::string drawings =
             row.index % 8 == 0 ? diagram_section({group.operators, group.name, false}) : "";
-        const std::string markup = group_article(report, {}, drawings);
+        const std::string table = operator_table(group.operators, group.centring, false);
+        const std::string markup = group_article(report, {}, drawings, table);
         std::vector<std::string> expected;
         for (const symop& op : group.operators) expected.push_back(xyz_text(op));
         EXPECT_EQ(check_content(markup), expected);
@@ -149,7 +150,8 @@ TEST(pages, of_magnetic_groups_hold_together) {
         std::vector<std::string> expected;
         for (const symop& op : group.operators) expected.push_back(xyzt_text(op));
         const std::string drawings = diagram_section({group.operators, magnetic_name(row), true});
-        EXPECT_EQ(check_content(magnetic_article(group, "", {}, drawings)), expected);
+        const std::string table = operator_table(group.operators, group.centring, true);
+        EXPECT_EQ(check_content(magnetic_article(group, "", {}, drawings, table)), expected);
     }
 }
 
