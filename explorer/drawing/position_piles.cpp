@@ -92,16 +92,12 @@ void gather_repeated(std::vector<position_pile>& piles, const lattice& translati
 }  // namespace
 
 position_piles piles_of(std::span<const symop> operators, int axis) {
-    constexpr std::size_t many = 24;
+    constexpr std::size_t many = 20;
     constexpr std::size_t too_many = 34;
     const std::vector<symop> in_view = to_view(operators, axis);
     position_piles set;
     for (std::size_t op = 0; op < in_view.size(); ++op) add(set.piles, op, in_view[op]);
     set.is_dense = set.piles.size() > many;
-    if (!set.is_dense) {
-        tell_heights(set, operators, axis);
-        return set;
-    }
     const lattice translations(in_view);
     if (set.piles.size() > too_many) set.part = repeated_part(translations);
     set.mates_at = translations.upward_antitranslation();

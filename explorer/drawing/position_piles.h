@@ -27,8 +27,7 @@ struct position_piles {
     /// a third or a half of the cell.
     bool is_dense = false;
     drawn_part part = {1, 1};
-    /// Where there are many, and each has one with time reversal so much higher, the heights of
-    /// these are left out.
+    /// Where each has one with time reversal so much higher, the heights of these are left out.
     std::optional<fraction> mates_at;
 };
 

@@ -210,6 +210,7 @@ TEST(DiagramInvariants, EveryOperatorIsDrawnOrListedAndNoOther) {
                 found.insert(operators.begin(), operators.end());
             }
             EXPECT_EQ(found, wanted);
+            EXPECT_GT(small_text_of(tags), 8);
             const auto elements = elements_in(tags, axis);
             expect_invariant(elements, group.operators, axis);
             expect_complete(elements, group.operators, false, axis);

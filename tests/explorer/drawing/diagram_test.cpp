@@ -126,7 +126,9 @@ TEST(Diagram, GeneralPositionsOfEverySetting) {
         const space_group group = group_of(row);
         SCOPED_TRACE(row.name());
         std::set<std::string> found;
-        for (const tag& each : read_tags(drawn(group, row.index % 3, diagram_part::positions))) {
+        const auto tags = read_tags(drawn(group, row.index % 3, diagram_part::positions));
+        EXPECT_GT(small_text_of(tags), 7.5);
+        for (const tag& each : tags) {
             if (!each.has_class("position")) continue;
             for (const std::string& op : split(each.at("data-operators"), ';')) found.insert(op);
         }

@@ -63,6 +63,12 @@ fraction part_of(const std::vector<tag>& tags) {
     return 1;
 }
 
+double small_text_of(const std::vector<tag>& tags) {
+    const bool is_dense = std::any_of(tags.begin(), tags.end(),
+                                      [](const tag& each) { return each.has_class("dense"); });
+    return (is_dense ? 15 : 12) * 300 / std::stod(tags.front().at("width"));
+}
+
 std::vector<std::string> split(std::string_view text, char separator) {
     std::vector<std::string> result(1);
     for (const char c : text) {

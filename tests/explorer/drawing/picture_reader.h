@@ -24,6 +24,9 @@ std::vector<tag> read_tags(std::string_view markup);
 /// How much of the drawn axes a picture of the elements shows.
 fraction part_of(const std::vector<tag>& tags);
 
+/// The size of the texts, in pixels, where the picture is 300 pixels wide.
+double small_text_of(const std::vector<tag>& tags);
+
 std::vector<std::string> split(std::string_view text, char separator);
 
 /// A place as data-at has it, in the two drawn coordinates: for a line, x and y are those of a
