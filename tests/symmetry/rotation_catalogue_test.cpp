@@ -3,6 +3,7 @@
 
 #include "support/expect_failure.h"
 #include "support/operators.h"
+#include "support/own_process.h"
 #include "support/scratch_dir.h"
 #include "symmetry/rotation_catalogue_3.h"
 
@@ -42,10 +43,12 @@ TEST_F(RotationCatalogue, Reads) {
 }
 
 TEST_F(RotationCatalogue, OfTheProcessIsReadOnce) {
-    for (const char* text : {"", "rotation_matrix 1a {1 0 0 0 1 0 0 0 1 }"}) {
-        EXPECT_FAILURE(rotation_catalogue(), " Cannot open file sgrots3.txt");
-        write_file("sgrots3.txt", text);
-    }
+    in_own_process([] {
+        for (const char* text : {"", "rotation_matrix 1a {1 0 0 0 1 0 0 0 1 }"}) {
+            EXPECT_FAILURE(rotation_catalogue(), " Cannot open file sgrots3.txt");
+            write_file("sgrots3.txt", text);
+        }
+    });
 }
 
 TEST_F(RotationCatalogue, Failures) {

@@ -165,8 +165,9 @@ TEST_F(Child, TheToolGetsItsArgumentsAsTheyAre) {
         SCOPED_TRACE(name);
         const std::string folder = dir.path().string() + "/" + name + "/";
         fs::create_directory(folder);
-        make_script(folder + "lomar6", "printf '%s|' \"$@\" > got\n[ -e fail ] && echo > \"$5\"\n",
-                    "");
+        // The path of the error file is from the folder in which a process first asked for it.
+        make_script(folder + "lomar6",
+                    "printf '%s|' \"$@\" > got\n[ -e fail ] && cd .. && echo > \"$5\"\n", "");
         data_dir() = folder.c_str();
         sg_file_names_3 names;
         names.set_symbol("P_21/c");
