@@ -17,10 +17,9 @@ inline std::string operators_of(std::string_view symbol, std::string_view choice
     throw std::invalid_argument("no such setting");
 }
 
-/// The text of a .sg file as far as reflections need it: operators such as `x,y,z;-x,-y,-z` and
-/// the blocks of similar reflections.
-inline std::string sg_text_of(std::string_view operators) {
-    xyz_list_3 ops = xyz_list_of(operators);
+/// The text of a .sg file as far as reflections need it: the operators and the blocks of similar
+/// reflections.
+inline std::string sg_text_of(xyz_list_3 ops) {
     sstring_out text;
     text << "xyzs\n{";
     for (const xyz_op_3& op : ops) write_xyz(text, op);
@@ -28,4 +27,9 @@ inline std::string sg_text_of(std::string_view operators) {
     sort_xyzs_3(ops);
     add_similar_hkls_3(ops, text);
     return text.text();
+}
+
+/// The same of operators such as `x,y,z;-x,-y,-z`.
+inline std::string sg_text_of(std::string_view operators) {
+    return sg_text_of(xyz_list_of(operators));
 }
