@@ -1,34 +1,16 @@
 #include "analysis/whole_vectors.h"
 
-#include <limits>
 #include <numeric>
 #include <stdexcept>
 #include <utility>
+
+#include "group/exact_integers.h"
 
 namespace lomar {
 
 namespace {
 
-[[noreturn]] void overflow() { throw std::overflow_error("a number is too large"); }
-
-std::int64_t product(std::int64_t a, std::int64_t b) {
-    std::int64_t result = 0;
-    if (__builtin_mul_overflow(a, b, &result)) overflow();
-    return result;
-}
-
-std::int64_t sum(std::int64_t a, std::int64_t b) {
-    std::int64_t result = 0;
-    if (__builtin_add_overflow(a, b, &result)) overflow();
-    return result;
-}
-
-int narrow(std::int64_t value) {
-    if (value < -std::numeric_limits<int>::max() || value > std::numeric_limits<int>::max()) {
-        overflow();
-    }
-    return static_cast<int>(value);
-}
+using namespace exact;
 
 // x and y with x a + y b = gcd(a, b) >= 0.
 struct bezout {
@@ -70,7 +52,7 @@ long_vector cross(const long_vector& a, const long_vector& b) {
     long_vector result{};
     for (std::size_t i = 0; i < 3; ++i) {
         const std::size_t j = (i + 1) % 3, k = (i + 2) % 3;
-        result[i] = sum(product(a[j], b[k]), -product(a[k], b[j]));
+        result[i] = sum(product(a[j], b[k]), negative(product(a[k], b[j])));
     }
     return result;
 }
@@ -93,7 +75,8 @@ long_vector primitive(const long_vector& v) {
 
 int_matrix matrix_of_columns(const long_vector& a, const long_vector& b, const long_vector& c) {
     int_matrix result{};
-    for (std::size_t i = 0; i < 3; ++i) result[i] = {narrow(a[i]), narrow(b[i]), narrow(c[i])};
+    for (std::size_t i = 0; i < 3; ++i)
+        result[i] = {narrowed(a[i]), narrowed(b[i]), narrowed(c[i])};
     return result;
 }
 

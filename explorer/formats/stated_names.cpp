@@ -54,6 +54,16 @@ bool fits(const std::string& symbol, const named_group& named, const setting& fo
     return row.symbol == found.symbol;
 }
 
+// Whether a stated name is that of another group, of any axes; if so, says it.
+bool means_another(const std::string& stated, const named_group& named, const identification& found,
+                   std::vector<std::string>& result) {
+    const setting& row = *named.group.row;
+    if (row.number == found.row->number) return false;
+    result.push_back(stated + " means " + described(row) + ", but the operators are those of " +
+                     described(*found.row));
+    return true;
+}
+
 void check_symbol(const operator_block& block, const identification& found,
                   std::vector<std::string>& result) {
     if (block.symbol.empty()) return;
@@ -64,12 +74,8 @@ void check_symbol(const operator_block& block, const identification& found,
                          described(*found.row));
         return;
     }
+    if (means_another(stated, *named, found, result)) return;
     const setting& row = *named->group.row;
-    if (row.number != found.row->number) {
-        result.push_back(stated + " means " + described(row) + ", but the operators are those of " +
-                         described(*found.row));
-        return;
-    }
     if (!named->group.tabulated) return;
     if (found.match == match_kind::transformed) {
         result.push_back(stated + " means " + row.name() +
@@ -93,12 +99,7 @@ void check_hall(const operator_block& block, const completed_group& group,
         result.push_back(stated + " can't be read");
         return;
     }
-    const setting& row = *named->group.row;
-    if (row.number != found.row->number) {
-        result.push_back(stated + " means " + described(row) + ", but the operators are those of " +
-                         described(*found.row));
-        return;
-    }
+    if (means_another(stated, *named, found, result)) return;
     const std::vector<symop> given = operators_of_cell(group);
     const std::set<symop> wanted(named->group.operators.begin(), named->group.operators.end());
     if (std::set<symop>(given.begin(), given.end()) != wanted) {

@@ -4,37 +4,11 @@
 #include <numeric>
 #include <stdexcept>
 
+#include "group/exact_integers.h"
+
 namespace lomar {
 
-namespace {
-
-[[noreturn]] void overflow() { throw std::overflow_error("a number is too large"); }
-
-std::int64_t product(std::int64_t a, std::int64_t b) {
-    std::int64_t result = 0;
-    if (__builtin_mul_overflow(a, b, &result)) overflow();
-    return result;
-}
-
-std::int64_t sum(std::int64_t a, std::int64_t b) {
-    std::int64_t result = 0;
-    if (__builtin_add_overflow(a, b, &result)) overflow();
-    return result;
-}
-
-std::int64_t negative(std::int64_t a) {
-    if (a == std::numeric_limits<std::int64_t>::min()) overflow();
-    return -a;
-}
-
-int narrowed(std::int64_t value) {
-    if (value < std::numeric_limits<int>::min() || value > std::numeric_limits<int>::max()) {
-        overflow();
-    }
-    return static_cast<int>(value);
-}
-
-}  // namespace
+using namespace exact;
 
 fraction::fraction(std::int64_t num, std::int64_t den) : num_(num), den_(den) {
     if (den == 0) throw std::domain_error("a denominator is 0");
