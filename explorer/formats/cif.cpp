@@ -58,14 +58,15 @@ std::string cif_value(std::string_view text) {
     return "\n;" + std::string(text) + "\n;";
 }
 
+std::string cif_name(std::string_view text) {
+    return can_be_quoted(text, '\'') ? "'" + std::string(text) + "'" : cif_value(text);
+}
+
 std::string cif_block(const space_group& group) {
-    const auto quoted = [](std::string_view text) {
-        return can_be_quoted(text, '\'') ? "'" + std::string(text) + "'" : cif_value(text);
-    };
     std::string text = block_name(group);
     add_item(text, "_space_group_IT_number", std::to_string(group.row->number));
-    add_item(text, "_space_group_name_H-M_alt", group.tabulated ? quoted(group.name) : "?");
-    add_item(text, "_space_group_name_Hall", quoted(group.hall));
+    add_item(text, "_space_group_name_H-M_alt", group.tabulated ? cif_name(group.name) : "?");
+    add_item(text, "_space_group_name_Hall", cif_name(group.hall));
     add_item(text, "_space_group_crystal_system", std::string(group.row->crystal_system));
     text += "loop_\n_space_group_symop_id\n_space_group_symop_operation_xyz\n";
     for (std::size_t i = 0; i < group.operators.size(); ++i) {

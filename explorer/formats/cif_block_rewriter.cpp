@@ -21,11 +21,6 @@ bool is_one_of(std::string_view tag, const std::array<std::string_view, N>& tags
     return std::find(tags.begin(), tags.end(), tag) != tags.end();
 }
 
-std::string quoted(std::string_view text) {
-    const std::string value = cif_value(text);
-    return value == text && !text.empty() ? "'" + value + "'" : value;
-}
-
 // The old axis that a new one is, in either direction.
 std::optional<std::size_t> old_axis(const fraction_matrix& matrix, std::size_t j) {
     std::optional<std::size_t> found;
@@ -178,16 +173,16 @@ void cif_block_rewriter::rewrite_volume_and_z(const fraction& factor) {
 
 void cif_block_rewriter::rewrite_symbols(const space_group& old_group, const space_group& new_group,
                                          const basis_change& change) {
-    const std::string hm = new_group.tabulated ? quoted(new_group.name) : "?";
-    const std::string full = new_group.tabulated ? quoted(new_group.row->full_symbol) : "?";
+    const std::string hm = new_group.tabulated ? cif_name(new_group.name) : "?";
+    const std::string full = new_group.tabulated ? cif_name(new_group.row->full_symbol) : "?";
     const std::pair<std::string_view, std::string> values[] = {
         {"_symmetry_space_group_name_h-m", hm},
         {"_space_group_name_h-m_alt", hm},
         {"_space_group_name_h-m", hm},
         {"_space_group_name_h-m_full", full},
         {"_space_group_name_h-m_ref", hm},
-        {"_symmetry_space_group_name_hall", quoted(new_group.hall)},
-        {"_space_group_name_hall", quoted(new_group.hall)},
+        {"_symmetry_space_group_name_hall", cif_name(new_group.hall)},
+        {"_space_group_name_hall", cif_name(new_group.hall)},
         {"_space_group_transform_pp_abc", "?"},
         {"_space_group_transform_qq_xyz", "?"},
         {"_space_group_reference_setting", "?"}};

@@ -17,6 +17,8 @@ std::string xyz_lines(const space_group& group);
 std::string cif_block(const space_group& group);
 /// A value as CIF 1.1 wants it: as it is, in quotes, or as a text field of its own lines.
 std::string cif_value(std::string_view text);
+/// The same in apostrophes wherever it can be, as names of groups are usually written.
+std::string cif_name(std::string_view text);
 
 /// The LATT and SYMM cards of SHELX. LATT is positive only if the inversion is at the origin, and
 /// R is obverse on hexagonal axes; a centring that has no number is written out in SYMM.
