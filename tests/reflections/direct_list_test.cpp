@@ -8,6 +8,7 @@
 #include "sgfile/sg_reader.h"
 #include "support/expect_failure.h"
 #include "support/orbits.h"
+#include "support/pace.h"
 #include "support/scratch_dir.h"
 #include "support/sg_text.h"
 
@@ -169,11 +170,7 @@ private:
 };
 
 TEST(DirectList, BytesOfTheGridForRandomFiles) {
-#if defined(__SANITIZE_ADDRESS__)
-    constexpr int n_files = 200;
-#else
-    constexpr int n_files = 2000;
-#endif
+    constexpr int n_files = 2000 / pace;
     const scratch_dir dir;
     const std::vector<setting> settings = read_settings();
     random_sg random;

@@ -8,6 +8,7 @@
 #include "group/magnetic_group.h"
 #include "group/space_group.h"
 #include "picture_reader.h"
+#include "support/pace.h"
 
 namespace {
 
@@ -222,6 +223,7 @@ TEST(DiagramInvariants, EveryOperatorIsDrawnOrListedAndNoOther) {
 // Primes agree with the times of the operators, and what has both times is told beneath.
 TEST(DiagramInvariants, EveryMagneticGroup) {
     for (const magnetic_facts& row : magnetic_groups()) {
+        if (row.uni_number % pace != 0) continue;
         SCOPED_TRACE(row.bns_number);
         const magnetic_group group = group_of(row);
         std::set<std::string> wanted;

@@ -8,6 +8,7 @@
 #include "library/magnetic/magnetic_names.h"
 #include "support/expect_failure.h"
 #include "support/magnetic_reference.h"
+#include "support/pace.h"
 #include "support/scratch_dir.h"
 #include "textout/sstring_out.h"
 
@@ -69,6 +70,7 @@ TEST_F(MagneticGroups, AllOfThem) {
     std::set<std::string> bns_symbols;
     for (const magnetic_reference& group : groups) bns_symbols.insert(group.bns_symbol);
     for (const magnetic_reference& group : groups) {
+        if (by_type[group.type]++ % pace != 0) continue;
         SCOPED_TRACE(group.bns_number);
         const std::vector<std::string> texts = {group.bns_number, group.og_number,
                                                 with_carets(group.bns_symbol),
@@ -100,7 +102,6 @@ TEST_F(MagneticGroups, AllOfThem) {
         EXPECT_EQ(loaded, group.ops);
         EXPECT_TRUE(is_closed(loaded));
         EXPECT_EQ(loaded.size(), static_cast<std::size_t>(ops.n) * (is_grey ? 2 : 1));
-        ++by_type[group.type];
     }
     EXPECT_EQ(by_type, (std::map<int, int>{{1, 230}, {2, 230}, {3, 674}, {4, 517}}));
 }
