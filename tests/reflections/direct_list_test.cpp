@@ -107,17 +107,14 @@ public:
 
     // Operators of a group in other axes and from another origin.
     xyz_list_3 operators(const setting& row) {
-        const op_array axes = unimodular();
-        const op_array back = inverse(axes);
-        op_array shift = op_of("x,y,z");
+        op_array change = unimodular();
         const int unit = std::array{360, 90, 30, 1}[static_cast<unsigned>(below(4))];
-        for (unsigned i = 3; i < 12; i += 4) shift[i] = unit * below(360 / unit);
-        op_array unshift = op_of("x,y,z");
-        for (unsigned i = 3; i < 12; i += 4) unshift[i] = 360 - shift[i];
+        for (unsigned i = 3; i < 12; i += 4) change[i] = unit * below(360 / unit);
+        xyz_op_3 back = xyz_op_of(change);
+        invert(back);
         xyz_list_3 ops;
         for (const op_array& op : row.group) {
-            const op_array moved = product(shift, product(op, unshift));
-            ops.add(xyz_op_of(product(axes, product(moved, back))));
+            ops.add(xyz_op_of(product(change, product(op, array_of(back)))));
         }
         return ops;
     }
@@ -158,12 +155,6 @@ private:
         }
         if (below(2) != 0) axes = product(op_of("z,x,y"), axes);
         return axes;
-    }
-
-    static op_array inverse(const op_array& axes) {
-        xyz_op_3 op = xyz_op_of(axes);
-        invert(op);
-        return array_of(op);
     }
 
     std::mt19937 random_{7};
