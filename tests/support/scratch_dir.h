@@ -11,10 +11,13 @@
 class scratch_dir {
 public:
     scratch_dir() : before(std::filesystem::current_path()) {
-        // Tests run side by side: whoever creates a folder has it.
+        // Tests run side by side: whoever creates a folder has it. One that its test removes at
+        // this moment is an error for this one.
+        std::error_code error;
         for (int i = 0; path_.empty(); ++i) {
             const std::filesystem::path candidate = before / ("scratch_" + std::to_string(i));
-            if (std::filesystem::create_directory(candidate)) path_ = candidate;
+            if (std::filesystem::create_directory(candidate, error)) path_ = candidate;
+            if (i == 1000) throw std::filesystem::filesystem_error("no folder", candidate, error);
         }
         std::filesystem::current_path(path_);
     }
