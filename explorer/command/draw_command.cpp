@@ -24,7 +24,7 @@ drawn_group drawn_named(const std::string& symbol, bool magnetic) {
     return {found.group->group.name, found.group->group.operators};
 }
 
-void check_cell(const std::vector<symop>& operators, const cell_parameters& cell) {
+void check_shape(const std::vector<symop>& operators, const cell_parameters& cell) {
     const cell_parameters fits = fitting_cell(operators, cell);
     for (std::size_t i = 0; i < 6; ++i) {
         const double allowed = i < 3 ? 0.001 * cell[i] : 0.1;
@@ -76,7 +76,7 @@ public:
         if (!cell.empty()) {
             options.cell.emplace();
             std::copy(cell.begin(), cell.end(), options.cell->begin());
-            check_cell(group.operators, *options.cell);
+            check_shape(group.operators, *options.cell);
         }
         out.write(diagram_svg(group.operators, options));
     }
