@@ -11,10 +11,7 @@ void in_own_process(Body body) {
     body();
 #else
     GTEST_FLAG_SET(death_test_style, "threadsafe");
-    const auto end = [&] {
-        body();
-        std::exit(testing::Test::HasFailure() ? 1 : 0);
-    };
-    EXPECT_EXIT(end(), testing::ExitedWithCode(0), "");
+    EXPECT_EXIT((body(), std::exit(testing::Test::HasFailure() ? 1 : 0)),
+                testing::ExitedWithCode(0), "");
 #endif
 }
