@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cctype>
+#include <set>
 #include <vector>
 
 #include "group/catalogue_names.h"
@@ -221,6 +222,7 @@ std::vector<const setting*> settings_with_axis(const symbol_parts& symbol) {
 
 std::vector<const setting*> groups_of_class(const symbol_parts& symbol) {
     std::vector<const setting*> result;
+    std::set<int> numbers;
     const std::string base = renewed_schoenflies(symbol.base + (symbol.mark == "h" ? "h" : ""));
     if (symbol.plain.find(' ') != std::string::npos) return result;
     for (const setting& row : settings()) {
@@ -232,14 +234,10 @@ std::vector<const setting*> groups_of_class(const symbol_parts& symbol) {
                                rest.find_first_not_of("0123456789") == std::string::npos &&
                                std::isalpha(static_cast<unsigned char>(own.back())) != 0;
         if (!rest.empty() && rest[0] != '^' && !is_number) continue;
-        if (result.empty() || result.back()->number != row.number) result.push_back(&row);
+        if (numbers.insert(row.number).second) result.push_back(&row);
     }
     std::sort(result.begin(), result.end(),
               [](const setting* a, const setting* b) { return a->number < b->number; });
-    result.erase(
-        std::unique(result.begin(), result.end(),
-                    [](const setting* a, const setting* b) { return a->number == b->number; }),
-        result.end());
     return result;
 }
 

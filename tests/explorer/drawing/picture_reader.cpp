@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <stdexcept>
 
+#include "drawing/diagram.h"
 #include "group/basis_change.h"
 
 namespace lomar::drawing_test {
@@ -63,10 +64,23 @@ fraction part_of(const std::vector<tag>& tags) {
     return 1;
 }
 
+namespace {
+
+// A size in pixels that the style gives after some words.
+double size_after(std::string_view words) {
+    const std::string style(diagram_style());
+    const std::size_t at = style.find(words);
+    if (at == std::string::npos) throw std::runtime_error("no such size in the style");
+    return std::stod(style.substr(at + words.size()));
+}
+
+}  // namespace
+
 double small_text_of(const std::vector<tag>& tags) {
     const bool is_dense = std::any_of(tags.begin(), tags.end(),
                                       [](const tag& each) { return each.has_class("dense"); });
-    return (is_dense ? 15 : 12) * 300 / std::stod(tags.front().at("width"));
+    const double size = size_after(is_dense ? ".dense{font-size:" : "height:auto;font:");
+    return size * 300 / std::stod(tags.front().at("width"));
 }
 
 std::vector<std::string> split(std::string_view text, char separator) {
